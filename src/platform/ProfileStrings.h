@@ -1,0 +1,32 @@
+// ProfileStrings.h -- sectioned key files: [section] lines and key=value lines, found without regard to case.
+// Reading sees the file as it is at that moment; the parsed text of an unchanged file is kept, and that is the one
+// memory that lives outside AppState.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// The value of `key` in the first section of that name, or `defaultValue`. At most size - 1 bytes are delivered;
+/// size 0 delivers nothing. One pair of equal quotes around the value is removed.
+std::string ReadProfileString(const std::string& path, std::string_view section, std::string_view key,
+                              std::string_view defaultValue, std::size_t size);
+
+/// The names of all keys of a section, in file order (the call with no key).
+std::string ReadProfileKeys(const std::string& path, std::string_view section, std::size_t size);
+
+/// The names of all sections, in file order (the call with no section).
+std::string ReadProfileSections(const std::string& path, std::size_t size);
+
+/// Replaces or adds a key in place, keeping all other lines. False when the file can't be written.
+bool WriteProfileString(const std::string& path, std::string_view section, std::string_view key,
+                        std::string_view value);
+
+/// Deletes the first key of that name / the first section of that name. False when the file can't be written.
+bool DeleteProfileKey(const std::string& path, std::string_view section, std::string_view key);
+bool DeleteProfileSection(const std::string& path, std::string_view section);
+
+/// Between these two calls the files are looked at for changes only every few milliseconds, the resolution of
+/// their time stamps: for the walk of a program, which reads its table millions of times.
+void BeginSteadyReads();
+void EndSteadyReads() noexcept;

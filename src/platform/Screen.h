@@ -1,0 +1,40 @@
+// Screen.h -- the seam to the window system: what the logic asks of it, by role. The body that is linked
+// decides: the window, the silent one of the batch tool, or the recorder of the tests.
+#pragma once
+
+#include "state/ValueField.h"
+
+#include <cstdint>
+#include <string>
+
+/// Gives the focus to a value field. The window answers with the arrival routine of the field.
+void FocusField(const ValueField& field);
+
+/// Selects the text of a value field from `start` (0-based character) for `length` characters.
+void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length);
+
+/// Lets the window system catch up with what was asked of it.
+void Yield();
+
+/// Runs the modal box of three lines; true when it closed by OK.
+bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
+                 bool twoButtons);
+
+/// Shows the window system's own box with a stop icon: for the time before the catalogue is there.
+void RunSystemBox(const std::string& caption, const std::string& text);
+
+/// Ends the process with `status`. Bodies that cannot end it (the recorder) throw instead.
+[[noreturn]] void EndProcess(int status);
+
+/// Runs the dialog of the post-processor's input values on AppState.PprInput slots 1 to 8; each slot in use
+/// leaves with the operator's answer in Value.
+void RunInputDialog(const std::string& title);
+
+/// Size in pixels of the drawing box of the current screen.
+void PictureSize(std::int32_t& width, std::int32_t& height);
+
+/// The progress bar of a program run: shown with its range from 0, moved, hidden. Values beyond the range
+/// are ignored.
+void ShowProgress(std::int32_t range);
+void SetProgress(std::int32_t value);
+void HideProgress();

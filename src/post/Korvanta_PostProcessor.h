@@ -1,0 +1,98 @@
+// Korvanta_PostProcessor.h -- from the current nest to an NC program: the post-processor table, its templates, the
+// block writers and the walk that calls them.
+#pragma once
+
+#include "platform/TextFile.h"
+#include "state/AppState.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// --- the table ------------------------------------------------------------------------------------------
+
+/// Value of a key of the post-processor table, at most 255 characters, cut at its first NUL.
+std::string ReadPprValue(std::string_view section, std::string_view key, std::string_view defaultValue);
+
+/// Values of a program run, the input block, and an empty collection buffer.
+void LoadPostProcessorValues();
+
+/// LINENUMBER, LINENUMBER_START, LINENUMBER_STEP.
+void LoadLineNumbering();
+
+/// Fields 1 to 15 of a block vector; slot 0 is not used.
+using VectorFields = std::array<std::string_view, 16>;
+
+/// Splits at `delimiter`: the text trimmed, each rest left-trimmed. More than 15 fields: RunTimeFault.
+void SplitVector(std::string_view text, char delimiter, VectorFields& fields, std::int16_t& count);
+
+// --- templates --------------------------------------------------------------------------------------------
+
+/// The four counters and four limits that reach the tags of a block.
+struct BlockCounters {
+    std::int32_t PartNr = 0;
+    std::int32_t SubprogramNr = 0;
+    std::int32_t ProfileNr = 0;
+    std::int32_t TraceNr = 0;
+    double XMin = 0.0;
+    double YMin = 0.0;
+    double XMax = 0.0;
+    double YMax = 0.0;
+};
+
+/// File numbers of the writers.
+inline constexpr std::int16_t FileNone = 0;        ///< simulation
+inline constexpr std::int16_t FileProgram = 1;     ///< the open program
+inline constexpr std::int16_t FileCollection = -1; ///< the collection buffer
+
+/// The program being written; closed outside GenerateProgram.
+extern TextWriter ProgramFile;
+
+/// Text of a suppressed line.
+inline constexpr std::string_view DontPrint = "don'tprint";
+
+/// Expands one template line in place. Result: the line is to be written. A template that can't be expanded is a
+/// RunTimeFault that names the tag.
+Flag ExpandLine(std::int16_t file, std::string& line, std::string_view vector, const BlockCounters& counters,
+                Flag isInternal);
+
+/// Numbers `text` when asked to and sends it to its destination.
+void WriteLine(std::int16_t file, std::string_view text, bool numbered);
+
+/// Writes LINE1.. to the file and COLLECTION1.. to the buffer. A fault names section, line and tag.
+void WriteBlock(std::int16_t file, std::string_view section, std::string_view vector,
+                const BlockCounters& counters, Flag isInternal);
+
+// --- block writers -----------------------------------------------------------------------------------------
+
+void WriteProgramBegin(std::int16_t file);
+void WriteProgramEnd(std::int16_t file, std::string_view vector);
+void WriteMainBegin(std::int16_t file, std::string_view vector);
+void WriteMainEnd(std::int16_t file, std::string_view vector);
+void WritePartHead(std::int16_t file, std::string_view vector);
+void WritePartEnd(std::int16_t file, std::string_view vector);
+void WriteStartCut(std::int16_t file, std::string_view vector);
+void WriteEndCut(std::int16_t file, std::string_view vector);
+void WriteEndLeadIn(std::int16_t file);
+void WriteEndProfileCut(std::int16_t file);
+void WriteFlyOff(std::int16_t file);
+void WriteStartPoint(std::int16_t file, std::string_view vector);
+void WritePoint(std::int16_t file, std::string_view vector);
+void WriteEndPoint(std::int16_t file, std::string_view vector);
+void WriteCallHead(std::int16_t file, std::string_view vector);
+void WriteCall(std::int16_t file, std::string_view vector);
+void WriteSubBegin(std::int16_t file, std::string_view vector);
+void WriteSubEnd(std::int16_t file, std::string_view vector);
+void WriteLinear(std::int16_t file, std::string_view vector);
+void WriteCircular(std::int16_t file, std::string_view vector);
+
+// --- the walk ------------------------------------------------------------------------------------------------
+
+/// File name of the program of job `name`: folders and all from the first "." cut, FILE_EXTENSION added.
+std::string ProgramFileName(const std::string& name);
+
+/// Writes the program of the current nest into `NcPath`; "SIMULA" walks without a file. Sets ProgramPath, ProgramLines,
+/// ProgramCopies. Any failure is a RunTimeFault; the unfinished program then stays under its name + ".part".
+void GenerateProgram(const std::string& name);

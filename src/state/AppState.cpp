@@ -1,0 +1,8 @@
+#include "state/AppState.h"
+
+AppStateRecord AppState;
+
+void ResetAppState()
+{
+    AppState = AppStateRecord();
+}

@@ -1,0 +1,202 @@
+// AppState.h -- the program-wide record. Every room reads and writes it directly; one thread runs it all.
+#pragma once
+
+#include "state/CutMove.h"
+#include "state/Flag.h"
+#include "state/Numbers.h"
+#include "state/PprInputValue.h"
+#include "state/ProfileElement.h"
+#include "state/ProfileRecord.h"
+#include "state/ValueField.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+struct MarkPoint {
+    double X = 0.0;
+    double Y = 0.0;
+};
+
+/// A profile that stayed open at an import: the distance of its first and last point, and that last point in the
+/// coordinates of the file.
+struct OpenProfile {
+    std::int32_t Profile = 0;
+    double Gap = 0.0;
+    double X = 0.0;
+    double Y = 0.0;
+};
+
+/// Values of AppState.ScreenState.
+inline constexpr std::int16_t ScreenInput = 0;
+inline constexpr std::int16_t ScreenParameters = 1;
+inline constexpr std::int16_t ScreenCutting = 2;
+inline constexpr std::int16_t ScreenNesting = 3;
+
+/// Table sizes of the message catalogue: messages 0 to 50 in language columns 1 to 6, three parts each.
+inline constexpr int MessageRows = 51;
+inline constexpr int LanguageColumns = 6;
+using MessageParts = std::array<std::string, 3>;
+
+/// Values of AppState.KerfState: the compensation of the program being written.
+inline constexpr std::int16_t KerfOff = 40;
+inline constexpr std::int16_t KerfLeft = 41;
+inline constexpr std::int16_t KerfRight = 42;
+inline constexpr std::int16_t KerfSilent = 1; ///< on, without a word written
+
+/// Highest slot of ElementTable: element numbers are 16-bit.
+inline constexpr std::int32_t MaxElements = 32767;
+
+struct AppStateRecord {
+    // --- shell: the program and its screens -----------------------------------------------------------
+    std::string ProgramName = "Korvanta"; ///< base of the names of configuration and catalogue
+    std::string AppPath;                  ///< the program's folder, without a trailing backslash
+    std::int16_t ScreenState = ScreenInput;
+    std::int16_t ShapeId = 0;         ///< 0 none, 1000 + n for R-n, 2000 + n for C-n, 3000 + n for H-n
+    std::int32_t FieldMode = 0;       ///< kind of the focused value field, 0 to 9
+    std::int16_t CurrentField = 0;    ///< index of the focused value field
+    std::string JobName;              ///< as typed or picked
+    std::string SourceName;           ///< what the job was made from
+    std::int16_t Language = 1;        ///< 1 to 6
+    std::int16_t PreviousCamTab = 0;  ///< 0 Parameters, 1 Cutting, 2 Nesting: the screen before this one
+    Flag SheetFieldChanged = FlagOff; ///< a sheet size changed since a Nesting field got the focus
+    /// [number][language - 1]: the three parts of a message; row 0 holds the language marks.
+    std::array<std::array<MessageParts, LanguageColumns>, MessageRows> MessageTable;
+
+    /// Set by the shell at start-up: draws the current screen; with the flag on the view is fitted first.
+    void (*Redraw)(Flag fit) = nullptr;
+
+    // --- value fields: the text of a field is its value -----------------------------------------------
+    std::array<ValueField, CuttingFieldCount> TextCutting;
+    std::array<ValueField, NestingFieldCount> TextNesting;
+    std::array<ValueField, ParamFieldCount> ParamText;
+    std::array<std::string, CuttingFieldCount> LabelCutting;
+    std::array<std::string, NestingLabelCount> LabelNesting;
+    std::array<std::string, ParamFieldCount> ParamLabel;
+
+    // --- config: settings read at start-up ------------------------------------------------------------
+    std::string NcPath; ///< folders end in a backslash
+    std::string DxfPath;
+    std::string NestingPath;
+    std::string PprIniName; ///< file name of the post-processor table
+    std::int16_t EscAlias = 27;
+    Flag ExitConfirm = FlagOff;
+    Flag ExitAfterSave = FlagOff;
+    Flag TextFileLostFocus = FlagOff;
+    Flag SwapRipXY = FlagOff;
+    std::int16_t HostMode = 0;           ///< 0 no host, 1 hosted, 2 hosted without the start-up link
+    std::int16_t ExternalPathSense = -1; ///< direction of cut: 1 counter-clockwise, -1 clockwise
+    std::int16_t InternalPathSense = 1;
+    Flag ConfigHeld = FlagOff; ///< WriteConfig keeps its values in HeldConfig instead of writing the file
+    std::map<std::string, std::string> HeldConfig; ///< by "SECTION]KEY" in upper case
+
+    // --- profile: the part ----------------------------------------------------------------------------
+    std::vector<ProfileElement> ElementTable{1};   ///< slot 0 exists and holds nothing
+    std::int32_t ElementCount = 0;                 ///< last used slot, end marks included
+    std::vector<ProfileElement> ShadowElements{1}; ///< untransformed copy
+    std::vector<MarkPoint> MarkPoints{1};          ///< slots from 1, like the elements
+    std::int32_t MarkPointCount = 0;
+    std::vector<MarkPoint> ShadowMarkPoints{1};
+    std::int32_t ProfileCount = 0;
+    std::vector<ProfileRecord> ProfileTable{1}; ///< slots from 1
+    /// [p] is the end mark of profile p, [0] is 0; from MeasureProfiles, empty while the table is raw.
+    std::vector<std::int32_t> ProfileEnds;
+    std::int32_t CurrentProfile = 0; ///< profile being edited, 0 none
+    double TotalCutLength = 0.0;
+    double MinX = 0.0; ///< box of the part, leads left out
+    double MaxX = 0.0;
+    double MinY = 0.0;
+    double MaxY = 0.0;
+    std::int16_t WorkExternalSense = 0; ///< senses in force for OrientProfiles
+    std::int16_t WorkInternalSense = 0;
+    Flag OpenShapePart = FlagOff; ///< set by the shapes that draw an open part
+    Flag KeepLeadData = FlagOff;  ///< lead data of the last development stays in force
+    double MoveStep = 10.0;       ///< field "Move Step"
+    Flag PathOriginSet = FlagOff; ///< the path cursor is on and gives the program's zero
+    double PathCursorDistance = NoValue;
+    std::int16_t PathCursorProfile = 0;
+    double PathOriginX = 0.0;
+    double PathOriginY = 0.0;
+
+    // --- view: world units of the picture in use, Y upward ---------------------------------------------
+    double UnitsPerPixelX = 0.0;
+    double UnitsPerPixelY = 0.0; ///< negative
+    double ViewLeft = 0.0;
+    double ViewTop = 0.0;
+    double ViewWidth = 0.0;
+    double ViewHeight = 0.0; ///< negative
+    double ViewCentreX = 0.0;
+    double ViewCentreY = 0.0;
+
+    // --- nesting: the layout in force, computed by the last draw of the Nesting screen ------------------
+    std::int16_t NestKind = 0; ///< 0 one copy, 1 to 4 the nest types
+    double PartSizeX = 0.0;
+    double PartSizeY = 0.0;
+    double GapX = 0.0;
+    double GapY = 0.0;
+    std::int32_t CountX = 1;
+    std::int32_t CountY = 1;
+    std::int32_t NestResultX = 0; ///< columns that "*n" fixed, 0 when computed
+    std::int32_t NestResultY = 0;
+    Flag NestFieldTouched = FlagOff; ///< a kerf or gap changed since its field got the focus
+    std::int32_t CopiesDrawn = 0;    ///< copies that the last walk of the statistics line met
+
+    // --- import: the account of the last import, and the modal state of one ISO file --------------------
+    std::map<std::string, std::int64_t>
+        ImportRead; ///< entities by type name; contents of inserts per insertion
+    std::map<std::string, std::int64_t> ImportLeftOut; ///< the same for what gives no geometry
+    std::vector<OpenProfile> ImportOpen;
+    std::int16_t IsoMode = 0;
+    double IsoX = 0.0;
+    double IsoY = 0.0;
+    double IsoI = 0.0;
+    double IsoJ = 0.0;
+
+    // --- post: the values of the post-processor table and of the program being written -----------------
+    std::string KerfLeftWord;
+    std::string KerfRightWord;
+    std::string KerfOffWord;
+    std::string AxisX; ///< the addresses, and the mirror addresses behind "*&"
+    std::string AxisY;
+    std::string AxisI;
+    std::string AxisJ;
+    std::string MirrorX;
+    std::string MirrorY;
+    std::string MirrorI;
+    std::string MirrorJ;
+    std::string RadiusWord;
+    std::string Separator;
+    std::string LinearCode;
+    std::string ClockwiseCode;
+    std::string CounterClockwiseCode;
+    std::string RapidCode;
+    std::int16_t FirstMoveKerfOn = 0; ///< 1: the first move of a cut carries the compensation word
+    Flag LineNumbering = FlagOff;
+    std::int32_t LineNumber = 10;
+    std::int16_t LineNumberStep = 10;
+    std::array<PprInputValue, PprInputSlots + 1> PprInput; ///< slot 0 is always empty
+    std::int16_t KerfState = KerfOff;
+    Flag NoKerfCodes = FlagOff; ///< the part is cut without compensation words
+    std::vector<std::string> CollectionBuffer;
+    std::string TracksList;
+    std::string OutputName; ///< program file name with extension
+    std::string PendingFirstMove;
+    std::string ProgramPath;        ///< folder + name of the last written program
+    std::int64_t ProgramLines = 0;  ///< its lines
+    std::int64_t ProgramCopies = 0; ///< its copies
+    double ProgramMinX = 0.0;       ///< low corner of all leads, at most 0
+    double ProgramMinY = 0.0;
+    double ProgramMaxX = 0.0; ///< largest X and Y since the program was started, never reset
+    double ProgramMaxY = 0.0;
+    double SheetSizeX = 0.0; ///< precedence of *SIZ over the view; nothing sets them
+    double SheetSizeY = 0.0;
+    Flag SimRunning = FlagOff;
+    Flag SimStop = FlagOff;
+};
+
+extern AppStateRecord AppState;
+
+/// Puts every member back to its value at process start. For tests.
+void ResetAppState();

@@ -1,0 +1,87 @@
+#include "support/RecordingScreen.h"
+
+#include "platform/Screen.h"
+#include "shell/ValueFields.h"
+#include "state/AppState.h"
+
+ScreenRecord Screen;
+
+void StartCase()
+{
+    Screen = ScreenRecord();
+    ResetAppState();
+    ResetFields();
+}
+
+static std::string FieldName(const ValueField& field)
+{
+    return std::string(field.ControlName) + " " + std::to_string(field.Index);
+}
+
+void FocusField(const ValueField& field)
+{
+    Screen.Calls.push_back("focus " + FieldName(field));
+}
+
+void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length)
+{
+    Screen.Calls.push_back("select " + FieldName(field) + " " + std::to_string(start) + " " +
+                           std::to_string(length));
+}
+
+void Yield()
+{
+    Screen.Calls.emplace_back("yield");
+}
+
+bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
+                 bool twoButtons)
+{
+    Screen.Calls.push_back("box " + line1 + "|" + line2 + "|" + line3 + (twoButtons ? "|two" : "|one"));
+    if (Screen.BoxAnswers.empty()) {
+        return true;
+    }
+    const bool answer = Screen.BoxAnswers.front();
+    Screen.BoxAnswers.pop_front();
+    return answer;
+}
+
+void RunSystemBox(const std::string& caption, const std::string& text)
+{
+    Screen.Calls.push_back("system box " + caption + "|" + text);
+}
+
+void EndProcess(int status)
+{
+    Screen.Calls.push_back("end " + std::to_string(status));
+    throw ProcessEnded{status};
+}
+
+void RunInputDialog(const std::string& title)
+{
+    Screen.Calls.push_back("input " + title);
+    if (Screen.InputDialog) {
+        Screen.InputDialog();
+    }
+}
+
+void PictureSize(std::int32_t& width, std::int32_t& height)
+{
+    width = Screen.PictureWidth;
+    height = Screen.PictureHeight;
+}
+
+void ShowProgress(std::int32_t range)
+{
+    Screen.Calls.push_back("progress range " + std::to_string(range));
+}
+
+void SetProgress(std::int32_t value)
+{
+    Screen.Calls.push_back("progress " + std::to_string(value));
+}
+
+void HideProgress()
+{
+    Screen.Calls.emplace_back("progress off");
+}

@@ -1,0 +1,26 @@
+// RecordingScreen.h -- the body of the screen seam for tests: writes each call down, answers boxes from a script.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Thrown by EndProcess.
+struct ProcessEnded {
+    int Status = 0;
+};
+
+struct ScreenRecord {
+    std::vector<std::string> Calls;    ///< "focus TextCutting 3", "box a|b|c|two", "progress 12", ...
+    std::deque<bool> BoxAnswers;       ///< answers of the next boxes; true when used up
+    std::function<void()> InputDialog; ///< plays the operator of the input dialog
+    std::int32_t PictureWidth = 640;
+    std::int32_t PictureHeight = 480;
+};
+
+extern ScreenRecord Screen;
+
+/// Empties the record and AppState (fields as designed): the start of every case.
+void StartCase();
