@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Sets up, builds, and does the main job: cuts a sample drawing into an NC program in build/station.
+# With arguments: hands them to korvanta-batch, working in build/station.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+./setup.sh
+cmake --preset release >/dev/null
+cmake --build --preset release --target korvanta-batch
+
+# The program folder of a station: the program with its texts, tables and sample drawings around it. What a run changed
+# there stays.
+station=build/station
+mkdir -p "$station"
+cp -rn station/. "$station/"
+cp -f build/release/bin/korvanta-batch "$station/"
+
+if [ $# -gt 0 ]; then
+    exec "$station/korvanta-batch" "$@"
+fi
+
+"$station/korvanta-batch" BRACKET.dxf --program BRACKET \
+    --set "LeadIn : A=6" --set "LeadIn : B=3" --key CopyLeads \
+    --set "X Sheet=1000" --set "Y Sheet=500" --set "Kerf=1.2" --set "X Gap=8" --set "Y Gap=8" --set "Nesting=1"
+program=$(find "$station" -name 'BRACKET*' -path '*PROGRAM*' ! -name '*.part' | head -n 1)
+echo
+echo "First lines of $program:"
+head -n 16 "$program"
