@@ -2,6 +2,7 @@
 // block writers and the walk that calls them.
 #pragma once
 
+#include "config/PprValues.h" // ReadPprValue
 #include "platform/TextFile.h"
 #include "state/AppState.h"
 
@@ -12,9 +13,6 @@
 #include <vector>
 
 // --- the table ------------------------------------------------------------------------------------------
-
-/// Value of a key of the post-processor table, at most 255 characters, cut at its first NUL.
-std::string ReadPprValue(std::string_view section, std::string_view key, std::string_view defaultValue);
 
 /// Values of a program run, the input block, and an empty collection buffer.
 void LoadPostProcessorValues();
