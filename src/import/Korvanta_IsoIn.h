@@ -1,8 +1,33 @@
 // Korvanta_IsoIn.h -- ISO-IN: turns the moves of a G-code file into the current part.
 #pragma once
 
-#include <string>
+#include "state/AppState.h"
 
-/// Imports `name` from NcPath; a name that begins with '/' is taken as it stands. False when the file is missing or
-/// gives no length to cut; the tables are then empty.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Imports `name` from NcPath; a name that begins with '/' is taken as it stands. False when the file is missing, gives
+/// no length to cut, or would not fit; the tables are then empty and ImportFailure says why. On success ElementTable
+/// holds measured profiles with their shadow, SourceName is `name` and JobName its file name. Elements stand in
+/// program order, so nothing is chained. Called by OpenImport.
 bool ImportIso(const std::string& name);
+
+/// The reader: adds the moves of the file to ElementTable, without end marks. Lengths as the file gives them. False
+/// with ImportFailure when the file can't be read, a coordinate is beyond MaxIsoCoordinate, or the elements with the
+/// end marks that the split will insert pass MaxElements. Needs empty tables and the modal values at 0.
+bool ReadIsoFile(const std::string& path);
+
+/// Largest size of a coordinate or radius of an element. The box of a part ends at 100000; a number a hundred times
+/// that is a damaged file, and such numbers squared would no longer hold the tolerance.
+inline constexpr double MaxIsoCoordinate = 1e7;
+
+/// Code of a line: the first G word that is 0 to 3 or 40 to 42, IsoMode without one.
+std::int16_t ReadGCode(std::string_view line);
+
+/// Compensation side of a line: 0, 1 or -1 by G40, G41, G42, looked for in this order; `side` without any.
+std::int16_t ReadSide(std::string_view line, std::int16_t side);
+
+/// Number behind the first `letter` of the line, 0 when no digits follow. Without the letter the modal value of X, Y, I
+/// or J, 0 for any other letter.
+double ReadWord(char letter, std::string_view line);

@@ -148,6 +148,7 @@ struct AppStateRecord {
         ImportRead; ///< entities by type name; contents of inserts per insertion
     std::map<std::string, std::int64_t> ImportLeftOut; ///< the same for what gives no geometry
     std::vector<OpenProfile> ImportOpen;
+    std::string ImportFailure; ///< why the last import gave nothing, one line; empty when it worked
     std::int16_t IsoMode = 0;
     double IsoX = 0.0;
     double IsoY = 0.0;
