@@ -6,25 +6,73 @@
 
 #include <string>
 
+// --- start (Start.cpp) ------------------------------------------------------------------------------------
+
 /// Program name, folder, configuration, catalogue, language (0: key LANGUAGE), fields with captions and change
-/// routines, the redraw. `stationFolder` without a trailing separator.
+/// routines, the redraw. `stationFolder` without a trailing separator. A language out of 1 to 6: RunTimeFault.
 void StartStation(const std::string& stationFolder, std::int16_t language);
 
 /// Captions of the fields from the catalogue.
 void SetCaptions();
 
-/// The starting texts of a newly opened part.
+/// The starting texts of a newly opened part; the fixed counts are cleared, and there is no shape.
 void ResetFieldsForPart();
 
-/// Focus arriving on, and leaving, a field of the Cutting or Nesting screen.
+// --- fields of the Cutting screen (CuttingFields.cpp) -------------------------------------------------------
+
+/// What a change of text of TextCutting `index` runs.
+void CuttingFieldChanged(std::int16_t index);
+
+/// Focus arriving on, and leaving, TextCutting `index`. Leaving a lead field or Move Step validates it and applies the
+/// lead values.
 void CuttingFieldEntered(std::int16_t index);
-void NestingFieldEntered(std::int16_t index);
 void CuttingFieldLeft(std::int16_t index);
+
+/// What Enter, Down or Up in TextCutting `index` ends with, the focus having gone on: the field is validated.
+void EndCuttingEntry(std::int16_t index);
+
+// --- fields of the Nesting screen (NestingFields.cpp) -------------------------------------------------------
+
+/// What a change of text of TextNesting `index` runs.
+void NestingFieldChanged(std::int16_t index);
+
+/// Focus arriving on, and leaving, TextNesting `index`. Leaving applies a changed sheet, else changed gaps; arriving
+/// clears both marks.
+void NestingFieldEntered(std::int16_t index);
 void NestingFieldLeft(std::int16_t index);
 
-/// What Enter, Down or Up in a Nesting field other than Zoom ends with.
+/// What Enter, Down or Up in TextNesting `index` ends with, the focus having gone on: the field is validated; except
+/// for Zoom what that changed is then applied, and the screen redrawn.
 void EndNestingEntry(std::int16_t index);
 
-/// The Cutting screen with lead data set up; the Nesting screen with its layout.
+/// The field that Enter or Down goes to; it passes over the last field, Zoom.
+std::int16_t NextField(std::int16_t index, std::int16_t fieldCount);
+
+// --- screens (ScreenWays.cpp) -------------------------------------------------------------------------------
+
+/// What the operator opened on the Input screen.
+enum class ImportKind { Drawing, Program };
+
+/// Opens an import as a new part and goes to the Parameters screen. A failure shows the box with messages 34 and 38,
+/// stays on the Input screen and gives false. `name` as ImportDxf and ImportIso take it.
+bool OpenImport(ImportKind kind, std::string name);
+
+/// The screen of CAM tab 0 Parameters, 1 Cutting, 2 Nesting. Keeps the tab in PreviousCamTab.
+void EnterCamTab(std::int16_t tab);
+
+/// One CAM tab further or back (F10, F9), around the ends.
+void NextCamTab();
+void PreviousCamTab();
+
+void EnterInputScreen();
+void EnterParametersScreen();
+
+/// The Cutting screen; with `rebuild` (any way but from Nesting) lead data is set up first, and a new part starts with
+/// profile 1.
 void EnterCuttingScreen(bool rebuild);
+
+/// The Nesting screen with its layout.
 void EnterNestingScreen();
+
+/// Sheet sizes "0", no counts.
+void ClearNestResults();

@@ -76,7 +76,12 @@ void ParseFieldTag(const std::string& tag, double& min, double& max, double& ste
 
 void ValidateField(FieldArray fields, double value)
 {
-    ValueField& field = fields[static_cast<std::size_t>(AppState.CurrentField)];
+    ValidateFieldAt(fields, AppState.CurrentField, value);
+}
+
+void ValidateFieldAt(FieldArray fields, std::int16_t index, double value)
+{
+    ValueField& field = fields[static_cast<std::size_t>(index)];
     double min = 0.0;
     double max = 0.0;
     double step = 0.0;

@@ -13,8 +13,11 @@ void ResetFields();
 void ParseFieldTag(const std::string& tag, double& min, double& max, double& step);
 
 /// Checks `value` against the tag of field CurrentField of `fields` and sets its text: the value, or the limit that was
-/// passed, focused and selected.
+/// passed, focused and selected. NaN counts as below the minimum.
 void ValidateField(FieldArray fields, double value);
+
+/// The same for field `index`, wherever the focus is: for change routines, and for a field that was just left.
+void ValidateFieldAt(FieldArray fields, std::int16_t index, double value);
 
 /// Number in field CurrentField plus or minus the step (NoValue: the tag's), then ValidateField.
 void StepField(FieldArray fields, bool increase, double step);

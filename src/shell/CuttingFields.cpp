@@ -1,0 +1,91 @@
+#include "config/Korvanta_Utility.h"
+#include "platform/Screen.h"
+#include "profile/Korvanta_Common.h"
+#include "shell/Korvanta_Interface.h"
+#include "shell/ValueFields.h"
+
+namespace
+{
+/// FieldMode of each field.
+constexpr std::int32_t CuttingModes[CuttingFieldCount] = {
+    2, // Angle
+    4, // Mirror
+    1, // Scale
+    9, // Profile nr.
+    5, // Move Step
+    5, // LeadIn : A
+    5, // LeadIn : B
+    5, // LeadOut : C
+    5, // LeadOut : D
+    3, // Zoom
+};
+
+ValueField& Field(std::int16_t index)
+{
+    return AppState.TextCutting[static_cast<std::size_t>(index)];
+}
+
+void Validate(std::int16_t index)
+{
+    ValidateFieldAt(AppState.TextCutting, index, FieldNumber(Field(index)));
+}
+
+void ChangeTransform()
+{
+    ApplyTransform(FieldNumber(Field(FieldAngle)), RoundAndClampToInt16(FieldNumber(Field(FieldMirror))),
+                   FieldNumber(Field(FieldScale)), FlagOn);
+}
+
+/// Selects the typed profile. Past an end the number of the one that came instead is shown, selected.
+void ChangeProfile()
+{
+    if (AppState.ProfileCount == 0) {
+        return;
+    }
+    ValueField& field = Field(FieldProfileNumber);
+    const bool wrapped = SelectProfile(RoundAndClampToInt32(FieldNumber(field)), FlagOn);
+    SetText(field, PlainNumber(AppState.CurrentProfile));
+    const auto length = static_cast<std::int32_t>(field.Text.size());
+    SelectFieldText(field, wrapped ? 0 : length, wrapped ? length : 0);
+}
+} // namespace
+
+void CuttingFieldChanged(std::int16_t index)
+{
+    switch (index) {
+    case FieldAngle:
+    case FieldMirror:
+    case FieldScale:
+        ChangeTransform();
+        break;
+    case FieldProfileNumber:
+        ChangeProfile();
+        break;
+    case FieldCuttingZoom:
+        Validate(index);
+        break;
+    default:
+        break;
+    }
+}
+
+void CuttingFieldEntered(std::int16_t index)
+{
+    const ValueField& field = Field(index);
+    SelectFieldText(field, 0, static_cast<std::int32_t>(field.Text.size()));
+    AppState.CurrentField = index;
+    AppState.FieldMode = CuttingModes[index];
+}
+
+void CuttingFieldLeft(std::int16_t index)
+{
+    if (index >= FieldMoveStep && index <= FieldLeadOutD) {
+        Validate(index);
+        ApplyLeadValues();
+    }
+}
+
+void EndCuttingEntry(std::int16_t index)
+{
+    Validate(index);
+}

@@ -1,0 +1,122 @@
+#include "nesting/Korvanta_CutTecnology.h"
+#include "platform/Screen.h"
+#include "profile/Korvanta_Common.h"
+#include "shell/Korvanta_Interface.h"
+#include "shell/ValueFields.h"
+
+namespace
+{
+/// FieldMode of each field.
+constexpr std::int32_t NestingModes[NestingFieldCount] = {
+    8, // X Sheet
+    8, // Y Sheet
+    1, // Kerf
+    1, // X Gap
+    1, // Y Gap
+    6, // Nesting
+    7, // Simulation
+    3, // Zoom
+};
+
+ValueField& Field(std::int16_t index)
+{
+    return AppState.TextNesting[static_cast<std::size_t>(index)];
+}
+
+void Validate(std::int16_t index)
+{
+    ValidateFieldAt(AppState.TextNesting, index, FieldNumber(Field(index)));
+}
+
+void SelectAll(const ValueField& field)
+{
+    SelectFieldText(field, 0, static_cast<std::int32_t>(field.Text.size()));
+}
+
+/// A second digit takes the place of the first, so typing one is enough.
+void ChangeNestType()
+{
+    ValueField& field = Field(FieldNestType);
+    if (field.Text.size() > 1) {
+        SetText(field, field.Text.substr(field.Text.size() - 1)); // comes back here with the one character
+        return;
+    }
+    Validate(FieldNestType);
+    RedrawScreen(FlagOn);
+    SelectAll(field);
+    Yield();
+}
+
+/// Applies a changed sheet, else changed gaps. False when nothing was changed.
+bool ApplyChanges(std::int16_t index)
+{
+    if (AppState.SheetFieldChanged != FlagOff) {
+        ApplySheetEntries(index);
+    } else if (AppState.NestFieldTouched != FlagOff) {
+        RebuildNest();
+    } else {
+        return false;
+    }
+    return true;
+}
+} // namespace
+
+void NestingFieldChanged(std::int16_t index)
+{
+    switch (index) {
+    case FieldSheetX:
+    case FieldSheetY:
+        AppState.SheetFieldChanged = FlagOn;
+        break;
+    case FieldKerf:
+    case FieldGapX:
+    case FieldGapY:
+        AppState.NestFieldTouched = FlagOn;
+        break;
+    case FieldNestType:
+        ChangeNestType();
+        break;
+    default: // Simulation, Zoom
+        Validate(index);
+        break;
+    }
+}
+
+void NestingFieldEntered(std::int16_t index)
+{
+    AppState.SheetFieldChanged = FlagOff;
+    AppState.NestFieldTouched = FlagOff;
+    SelectAll(Field(index));
+    AppState.CurrentField = index;
+    AppState.FieldMode = NestingModes[index];
+}
+
+void NestingFieldLeft(std::int16_t index)
+{
+    if (index == FieldSimulation || index == FieldNestingZoom) {
+        return;
+    }
+    if (ApplyChanges(index)) {
+        RedrawScreen(FlagOn);
+    }
+}
+
+void EndNestingEntry(std::int16_t index)
+{
+    Validate(index);
+    if (index == FieldNestingZoom) {
+        return;
+    }
+    if (AppState.SheetFieldChanged != FlagOff) {
+        Yield();
+    }
+    ApplyChanges(index);
+    RedrawScreen(FlagOn);
+}
+
+std::int16_t NextField(std::int16_t index, std::int16_t fieldCount)
+{
+    const auto last = static_cast<std::int16_t>(fieldCount - 1); // Zoom
+    const auto next = static_cast<std::int16_t>(index + 1);
+    return next < last ? next : std::int16_t{0};
+}

@@ -1,0 +1,87 @@
+#include "config/Korvanta_Configuration.h"
+#include "config/Korvanta_Utility.h"
+#include "nesting/Korvanta_CutTecnology.h"
+#include "shell/Korvanta_Interface.h"
+#include "shell/MsgBox_Unicode.h"
+#include "shell/ValueFields.h"
+
+namespace
+{
+/// One caption: a message of the catalogue and what stands behind it.
+struct CaptionRow {
+    int Message;
+    const char* Suffix;
+};
+
+constexpr CaptionRow CuttingCaptions[CuttingFieldCount] = {
+    {14, ""},    // Angle
+    {15, ""},    // Mirror
+    {16, ""},    // Scale
+    {18, ""},    // Profile nr.
+    {19, ""},    // Move Step
+    {20, ": A"}, // LeadIn
+    {21, ": B"}, // LeadIn
+    {22, ": C"}, // LeadOut
+    {23, ": D"}, // LeadOut
+    {24, ""},    // Zoom
+};
+
+constexpr int NestingCaptions[NestingFieldCount] = {
+    25, // X Sheet
+    26, // Y Sheet
+    27, // Kerf
+    28, // X Gap
+    29, // Y Gap
+    30, // Nesting
+    31, // Simulation
+    24, // Zoom
+};
+
+void SetChangeRoutines()
+{
+    for (ValueField& field : AppState.TextCutting) {
+        field.Change = CuttingFieldChanged;
+    }
+    for (ValueField& field : AppState.TextNesting) {
+        field.Change = NestingFieldChanged;
+    }
+}
+} // namespace
+
+void StartStation(const std::string& stationFolder, std::int16_t language)
+{
+    AppState.ProgramName = "Korvanta";
+    AppState.AppPath = stationFolder;
+    LoadConfiguration();
+    LoadMessages();
+    AppState.Language =
+        language != 0 ? language : RoundAndClampToInt16(TextToNumber(ReadConfig("SETUP", "LANGUAGE", "1")));
+    ResetFields();
+    SetChangeRoutines();
+    SetCaptions();
+    AppState.Redraw = RedrawCurrent;
+}
+
+void SetCaptions()
+{
+    for (std::size_t i = 0; i < CuttingFieldCount; ++i) {
+        AppState.LabelCutting[i] = MessageText(CuttingCaptions[i].Message) + CuttingCaptions[i].Suffix;
+    }
+    for (std::size_t i = 0; i < NestingFieldCount; ++i) {
+        AppState.LabelNesting[i] = MessageText(NestingCaptions[i]);
+    }
+}
+
+void ResetFieldsForPart()
+{
+    SetText(AppState.TextCutting[FieldAngle], "0");
+    SetText(AppState.TextCutting[FieldMirror], "0");
+    SetText(AppState.TextCutting[FieldScale], "1");
+    SetText(AppState.TextNesting[FieldNestType], "1");
+    SetText(AppState.TextNesting[FieldSimulation], ReadConfig("SETUP", "SIMSPEED", "15"));
+    AppState.LabelNesting[LabelCountX].clear();
+    AppState.LabelNesting[LabelCountY].clear();
+    AppState.NestResultX = 0;
+    AppState.NestResultY = 0;
+    AppState.ShapeId = 0;
+}
