@@ -1,0 +1,262 @@
+#include "batch/Options.h"
+
+#include "config/Korvanta_Utility.h"
+#include "profile/Korvanta_Common.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+/// The captions are words of the command line: they stay English in every language of the station.
+struct CaptionRow {
+    const char* Caption;
+    std::int16_t Screen;
+    std::int16_t Field;
+};
+
+constexpr CaptionRow Captions[] = {
+    {"Angle", ScreenCutting, FieldAngle},          {"Mirror", ScreenCutting, FieldMirror},
+    {"Scale", ScreenCutting, FieldScale},          {"Profile nr.", ScreenCutting, FieldProfileNumber},
+    {"Move Step", ScreenCutting, FieldMoveStep},   {"LeadIn : A", ScreenCutting, FieldLeadInA},
+    {"LeadIn : B", ScreenCutting, FieldLeadInB},   {"LeadOut : C", ScreenCutting, FieldLeadOutC},
+    {"LeadOut : D", ScreenCutting, FieldLeadOutD}, {"X Sheet", ScreenNesting, FieldSheetX},
+    {"Y Sheet", ScreenNesting, FieldSheetY},       {"Kerf", ScreenNesting, FieldKerf},
+    {"X Gap", ScreenNesting, FieldGapX},           {"Y Gap", ScreenNesting, FieldGapY},
+    {"Nesting", ScreenNesting, FieldNestType},
+};
+
+/// The keys of the Cutting screen, by the names of their pictures.
+struct KeyRow {
+    const char* Name;
+    void (*Run)();
+};
+
+constexpr KeyRow Keys[] = {
+    {"MoveLeadPlus", [] { MoveLead(1); }},
+    {"MoveLeadMinus", [] { MoveLead(-1); }},
+    {"MoveLeadNextElem", [] { MoveLeadNextElement(); }},
+    {"CopyLeads",
+     [] {
+         CopyLeadsToAll();
+         RedrawScreen(FlagOn);
+     }},
+    {"PrfPathChange", [] { ChangeProfilePath(); }},
+    {"OTLeft", [] { MovePathCursor(1, 0); }},
+    {"OTRgt", [] { MovePathCursor(-1, 0); }},
+};
+
+constexpr const char* Footer = R"(
+Captions for --set:
+  Cutting screen   Angle, Mirror, Scale, Profile nr., Move Step,
+                   LeadIn : A, LeadIn : B, LeadOut : C, LeadOut : D
+  Nesting screen   X Sheet, Y Sheet, Kerf, X Gap, Y Gap, Nesting
+Names for --key:
+  MoveLeadPlus, MoveLeadMinus, MoveLeadNextElem, CopyLeads, PrfPathChange,
+  OTLeft, OTRgt
+
+A value goes through the same checks as one typed at the station: a number
+beyond the limits of its field becomes the limit. Lead fields act on the profile
+that Profile nr. chose. X Sheet and Y Sheet take "*n": a sheet for n copies.
+
+Examples:
+  One bracket, with its program in the NC folder of the station:
+    korvanta-batch bracket.dxf --program BRACKET
+  Twelve of them, four in a row, turned by 90 degrees, 5 between the parts:
+    korvanta-batch bracket.dxf --set "Angle=90" --set "X Gap=5" \
+        --set "Y Gap=5" --set "X Sheet=*4" --set "Y Sheet=*3" --program BRACKET
+  Longer leads on the second profile, then the same on all the others:
+    korvanta-batch ./plate.dxf --set "Profile nr.=2" --set "LeadIn : A=8" \
+        --key CopyLeads --program PLATE --out ./nc
+  What the station made of an ISO program, as JSON:
+    korvanta-batch ./old.iso --json - --quiet
+
+Exit status: 0 done; 1 the part or its program could not be made; 2 wrong use.)";
+
+std::string AbsolutePath(const std::string& path)
+{
+    std::string absolute = fs::absolute(path).lexically_normal().string();
+    while (absolute.size() > 1 && absolute.back() == '/') {
+        absolute.pop_back();
+    }
+    return absolute;
+}
+
+/// The folder that the running program lies in.
+std::string ProgramFolder()
+{
+    std::error_code failed;
+    const fs::path self = fs::read_symlink("/proc/self/exe", failed);
+    return failed ? AbsolutePath(".") : self.parent_path().string();
+}
+
+template <typename Row, std::size_t Count>
+std::string ListNames(const Row (&rows)[Count], const char* Row::*name)
+{
+    std::string list;
+    for (const Row& row : rows) {
+        list += list.empty() ? "" : ", ";
+        list += row.*name;
+    }
+    return list;
+}
+
+/// The row of that name, case not counting; null without one.
+template <typename Row, std::size_t Count>
+const Row* FindRow(const Row (&rows)[Count], const char* Row::*name, const std::string& wanted)
+{
+    for (const Row& row : rows) {
+        if (LowerCase(row.*name) == LowerCase(Trim(wanted))) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+BatchStep ReadSet(const std::string& text)
+{
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos) {
+        throw CLI::ValidationError("--set", "\"" + text + "\" has no \"=\"; write \"CAPTION=VALUE\"");
+    }
+    const CaptionRow* row = FindRow(Captions, &CaptionRow::Caption, text.substr(0, equals));
+    if (row == nullptr) {
+        throw CLI::ValidationError("--set", "no field \"" + text.substr(0, equals) + "\"; there are " +
+                                                ListNames(Captions, &CaptionRow::Caption));
+    }
+    BatchStep step;
+    step.Screen = row->Screen;
+    step.Field = row->Field;
+    step.Value = text.substr(equals + 1);
+    return step;
+}
+
+BatchStep ReadKey(const std::string& text)
+{
+    const KeyRow* row = FindRow(Keys, &KeyRow::Name, text);
+    if (row == nullptr) {
+        throw CLI::ValidationError("--key",
+                                   "no key \"" + text + "\"; there are " + ListNames(Keys, &KeyRow::Name));
+    }
+    BatchStep step;
+    step.Key = row->Run;
+    return step;
+}
+
+void ReadInput(const std::string& text, BatchOptions& options)
+{
+    const bool formed =
+        text.size() >= 2 && text[1] == '=' && text[0] >= '1' && text[0] <= '0' + PprInputSlots;
+    if (!formed) {
+        throw CLI::ValidationError("--input", "\"" + text + "\" isn't N=VALUE with N from 1 to 8");
+    }
+    options.Inputs[static_cast<std::size_t>(text[0] - '0')] = text.substr(2);
+}
+
+/// A program is named by the text ahead of the first point, folders cut off.
+void CheckProgramName(std::string& name)
+{
+    const std::size_t separator = name.find_last_of("\\/");
+    name = separator == std::string::npos ? name : name.substr(separator + 1);
+    if (Trim(name.substr(0, name.find('.'))).empty()) {
+        throw CLI::ValidationError("--program", "the name is empty");
+    }
+}
+
+/// The texts as the command line gave them.
+struct RawOptions {
+    std::vector<std::string> Sets;
+    std::vector<std::string> Keys;
+    std::vector<std::string> Inputs;
+    CLI::Option* SetOption = nullptr;
+    CLI::Option* KeyOption = nullptr;
+    CLI::Option* ProgramOption = nullptr;
+};
+
+void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
+{
+    app.set_version_flag("--version", "korvanta-batch, Korvanta V2.28");
+    app.add_option("SOURCE", options.Source,
+                   "A .dxf drawing, or an ISO program with any other extension. A plain name is looked up in "
+                   "DXF_PATH "
+                   "or NC_PATH of the station, a path (also ./NAME) is taken as it is")
+        ->required();
+    app.add_option(
+           "--station", options.Station,
+           "Folder of the station: Korvanta.ini, Korvanta_MSG.TXT, post-processor table. Default: where "
+           "korvanta-batch lies")
+        ->type_name("DIR");
+    app.add_option("--language", options.Language, "Language of messages, instead of the configured one")
+        ->type_name("N")
+        ->check(CLI::Range(1, LanguageColumns));
+    raw.SetOption =
+        app.add_option("--set", raw.Sets, "Type VALUE into a field (repeatable, done in the order given)")
+            ->type_name("CAPTION=VALUE")
+            ->allow_extra_args(false);
+    raw.KeyOption = app.add_option("--key", raw.Keys,
+                                   "Press a key of the Cutting screen (repeatable, in order with --set)")
+                        ->type_name("NAME")
+                        ->allow_extra_args(false);
+    app.add_option("--input", raw.Inputs, "Answer to question #V1 .. #V8 of the post-processor table")
+        ->type_name("N=VALUE")
+        ->allow_extra_args(false);
+    raw.ProgramOption = app.add_option("--program", options.Program, "Write the NC program NAME into NC_PATH")
+                            ->type_name("NAME");
+    app.add_option("--out", options.Out, "Write the program into DIR instead (made when missing)")
+        ->type_name("DIR");
+    app.add_option("--json", options.Json, "Write the finished state to FILE, - for standard output")
+        ->type_name("FILE");
+    app.add_flag("--remember", options.Remember, "Keep lead values in Korvanta.ini, as the station does");
+    app.add_flag("--quiet", options.Quiet, "No result lines, no progress");
+}
+
+/// The texts become steps and paths. The parse order holds one entry for each value given.
+void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& raw)
+{
+    std::size_t sets = 0;
+    std::size_t keys = 0;
+    for (const CLI::Option* option : app.parse_order()) {
+        if (option == raw.SetOption) {
+            options.Steps.push_back(ReadSet(raw.Sets[sets++]));
+        } else if (option == raw.KeyOption) {
+            options.Steps.push_back(ReadKey(raw.Keys[keys++]));
+        }
+    }
+    for (const std::string& input : raw.Inputs) {
+        ReadInput(input, options);
+    }
+    if (raw.ProgramOption->count() > 0) {
+        CheckProgramName(options.Program);
+    }
+    if (Trim(options.Source).empty()) {
+        throw CLI::ValidationError("SOURCE", "the name is empty");
+    }
+    options.Station = options.Station.empty() ? ProgramFolder() : AbsolutePath(options.Station);
+    options.Out = options.Out.empty() ? "" : AbsolutePath(options.Out);
+    options.Json = options.Json.empty() || options.Json == "-" ? options.Json : AbsolutePath(options.Json);
+}
+} // namespace
+
+bool ReadOptions(int argc, const char* const* argv, BatchOptions& options, int& status)
+{
+    CLI::App app{
+        "From a drawing or an ISO program to an NC program, by the routines of the Korvanta station.",
+        "korvanta-batch"};
+    app.footer(Footer);
+    RawOptions raw;
+    DeclareOptions(app, options, raw);
+    try {
+        app.parse(argc, argv);
+        TakeOptions(app, options, raw);
+        return true;
+    } catch (const CLI::Success& answered) { // help and version
+        status = app.exit(answered);
+    } catch (const CLI::ParseError& wrong) {
+        std::cerr << "korvanta-batch: " << wrong.what() << "\nTry: korvanta-batch --help\n";
+        status = StatusWrongUse;
+    }
+    return false;
+}

@@ -1,0 +1,39 @@
+// Options.h -- the command line of korvanta-batch as a record.
+#pragma once
+
+#include "state/AppState.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// One `--set` or `--key`, to be done on `Screen`.
+struct BatchStep {
+    std::int16_t Screen = ScreenCutting;
+    std::int16_t Field = 0;      ///< index of the field of a `--set`
+    std::string Value;           ///< its text
+    void (*Key)(void) = nullptr; ///< routine of a `--key`; null for a `--set`
+};
+
+struct BatchOptions {
+    std::string Source;
+    std::string Station;          ///< absolute, without a trailing separator
+    std::int16_t Language = 0;    ///< 0: as the configuration says
+    std::vector<BatchStep> Steps; ///< in the order given
+    std::array<std::optional<std::string>, PprInputSlots + 1> Inputs; ///< slots from 1
+    std::string Program;                                              ///< empty: none is written
+    std::string Out;                                                  ///< absolute; empty: NC_PATH
+    std::string Json;                                                 ///< absolute, or "-"; empty: none
+    bool Remember = false;
+    bool Quiet = false;
+};
+
+/// Exit statuses.
+inline constexpr int StatusDone = 0;
+inline constexpr int StatusFailed = 1;   ///< the part or its program could not be made
+inline constexpr int StatusWrongUse = 2; ///< the command line makes no sense
+
+/// Fills `options`. False when the run ends here (help, version, wrong use): the text is out, `status` is set.
+bool ReadOptions(int argc, const char* const* argv, BatchOptions& options, int& status);

@@ -1,0 +1,244 @@
+#include "batch/Road.h"
+
+#include "batch/SilentScreen.h"
+#include "batch/StateJson.h"
+#include "config/Korvanta_Configuration.h"
+#include "config/Korvanta_Utility.h"
+#include "nesting/Korvanta_CutTecnology.h"
+#include "platform/Fault.h"
+#include "platform/Paths.h"
+#include "platform/TextFile.h"
+#include "post/Korvanta_PostProcessor.h"
+#include "shell/Korvanta_Interface.h"
+#include "shell/ValueFields.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+/// More open profiles than these aren't listed one by one.
+constexpr std::size_t OpenProfilesListed = 5;
+
+/// Where the source lies, in the form that the imports take, and how it is read.
+struct SourceFile {
+    ImportKind Kind = ImportKind::Program;
+    std::string Name;     ///< plain, or absolute
+    std::string Path;     ///< the full path in either case
+    bool IsPlain = false; ///< looked up in a folder of the station
+    bool IsDwg = false;
+};
+
+SourceFile ResolveSource(const std::string& source)
+{
+    SourceFile file;
+    const std::string extension = LowerCase(fs::path(source).extension().string());
+    file.IsDwg = extension == ".dwg";
+    file.Kind = extension == ".dxf" || file.IsDwg ? ImportKind::Drawing : ImportKind::Program;
+    const bool hasDrive = source.size() >= 2 && source[1] == ':';
+    if (source.find('/') != std::string::npos) {
+        file.Name = fs::absolute(source).lexically_normal().string();
+    } else if (source.find('\\') != std::string::npos || hasDrive) {
+        file.Name = fs::absolute(NativePath(source)).lexically_normal().string();
+    } else {
+        file.Name = source;
+        file.IsPlain = true;
+        file.Path = (file.Kind == ImportKind::Drawing ? AppState.DxfPath : AppState.NcPath) + source;
+        return file;
+    }
+    file.Path = file.Name;
+    return file;
+}
+
+/// One line why an import gave nothing.
+std::string FailureReason(const SourceFile& source)
+{
+    const std::string native = NativePath(source.Path);
+    if (!FileExists(source.Path)) {
+        std::error_code ignored;
+        const bool isHere = source.IsPlain && fs::exists(source.Name, ignored);
+        return native + " doesn't exist" +
+               (isHere ? "; for the file in this folder write ./" + source.Name : "");
+    }
+    if (source.IsDwg) {
+        return native + ": DWG drawings can't be read yet; save the drawing as DXF";
+    }
+    if (!AppState.ImportFailure.empty()) {
+        return native + ": " + AppState.ImportFailure;
+    }
+    return native + ": no drawing that can be read, or one of more than 32767 elements";
+}
+
+bool OpenSource(const std::string& name)
+{
+    const SourceFile source = ResolveSource(name);
+    if (OpenImport(source.Kind, source.Name)) {
+        return true;
+    }
+    for (const std::string& box : SilentScreen.Boxes) {
+        std::fprintf(stderr, "%s\n", box.c_str());
+    }
+    std::fprintf(stderr, "korvanta-batch: %s\n", FailureReason(source).c_str());
+    return false;
+}
+
+/// F10 forward, F9 back. A screen that refuses to be entered ends the way.
+void GoToScreen(std::int16_t screen)
+{
+    while (AppState.ScreenState != screen) {
+        const std::int16_t before = AppState.ScreenState;
+        if (before < screen) {
+            NextCamTab();
+        } else {
+            PreviousCamTab();
+        }
+        if (AppState.ScreenState == before) {
+            return;
+        }
+    }
+}
+
+/// One field as typed and left by Enter: focus, text, focus to the next field, then what Enter ends with.
+void TypeField(const BatchStep& step)
+{
+    if (step.Screen == ScreenCutting) {
+        CuttingFieldEntered(step.Field);
+        SetText(AppState.TextCutting[static_cast<std::size_t>(step.Field)], step.Value);
+        CuttingFieldLeft(step.Field);
+        CuttingFieldEntered(NextField(step.Field, CuttingFieldCount));
+        EndCuttingEntry(step.Field);
+    } else {
+        NestingFieldEntered(step.Field);
+        SetText(AppState.TextNesting[static_cast<std::size_t>(step.Field)], step.Value);
+        NestingFieldLeft(step.Field);
+        NestingFieldEntered(NextField(step.Field, NestingFieldCount));
+        EndNestingEntry(step.Field);
+    }
+}
+
+void RunStep(const BatchStep& step)
+{
+    GoToScreen(step.Screen);
+    if (step.Key != nullptr) {
+        step.Key();
+    } else {
+        TypeField(step);
+    }
+}
+
+std::int64_t CountCopies()
+{
+    double originX = 0.0;
+    double originY = 0.0;
+    ProgramOrigin(originX, originY);
+    return WalkCopies(
+        originX, originY, [](double, double, void*) { return true; }, nullptr);
+}
+
+void WarnOpenProfiles()
+{
+    std::size_t listed = 0;
+    for (const OpenProfile& open : AppState.ImportOpen) {
+        if (++listed > OpenProfilesListed) {
+            std::fprintf(stderr, "warning: and %zu open profiles more\n",
+                         AppState.ImportOpen.size() - OpenProfilesListed);
+            return;
+        }
+        std::fprintf(stderr, "warning: profile %d is open by %s at %s, %s\n", open.Profile,
+                     FormatNumber(open.Gap).c_str(), FormatNumber(open.X).c_str(),
+                     FormatNumber(open.Y).c_str());
+    }
+}
+
+void WarnInputs()
+{
+    for (std::size_t slot = 1; slot <= PprInputSlots; ++slot) {
+        if (SilentScreen.Inputs[slot].has_value() && AppState.PprInput[slot].Kind == 'N') {
+            std::fprintf(stderr, "warning: the post-processor table doesn't ask for value %zu\n", slot);
+        }
+    }
+}
+
+/// Results go to standard output, unless the JSON is there: then it stands alone.
+void PrintResults(const BatchOptions& options, std::int64_t copies)
+{
+    std::FILE* to = options.Json == "-" ? stderr : stdout;
+    std::fprintf(to, "Copies: %lld\n", static_cast<long long>(copies));
+    std::fprintf(to, "Pierces: %lld\n", static_cast<long long>(copies * AppState.ProfileCount));
+    std::fprintf(to, "Cutting length: %s\n",
+                 FormatNumber(static_cast<double>(copies) * AppState.TotalCutLength).c_str());
+    if (!options.Program.empty()) {
+        std::fprintf(to, "Program: %s\n", NativePath(AppState.ProgramPath).c_str());
+    }
+}
+
+/// A plain file appears only when it is complete; devices and pipes are written as they stand.
+void WriteJson(const BatchOptions& options)
+{
+    const std::string text = StateJson(!options.Program.empty());
+    if (options.Json == "-") {
+        std::fwrite(text.data(), 1, text.size(), stdout);
+        return;
+    }
+    std::error_code ignored;
+    const fs::file_status status = fs::status(options.Json, ignored);
+    if (!fs::exists(status) || fs::is_regular_file(status)) {
+        WriteWholeText(options.Json, text);
+        return;
+    }
+    std::ofstream file(options.Json, std::ios::binary);
+    file << text << std::flush;
+    if (!file) {
+        throw RunTimeFault("can't write " + options.Json);
+    }
+}
+
+void SaveProgram(const BatchOptions& options)
+{
+    if (!options.Out.empty()) {
+        AppState.NcPath = WithBackslash(options.Out);
+    }
+    GenerateProgram(options.Program);
+    ClearProgress();
+    WarnInputs();
+}
+} // namespace
+
+int RunRoad(const BatchOptions& options)
+{
+    SilentScreen.Inputs = options.Inputs;
+    SilentScreen.Progress = !options.Quiet && isatty(STDERR_FILENO) != 0;
+    if (!options.Remember) {
+        HoldConfigWrites();
+    }
+    StartStation(options.Station, options.Language);
+    if (!OpenSource(options.Source)) {
+        return StatusFailed;
+    }
+    for (const BatchStep& step : options.Steps) {
+        RunStep(step);
+    }
+    GoToScreen(ScreenNesting);
+    if (!options.Program.empty()) {
+        SaveProgram(options);
+    }
+    const std::int64_t copies = options.Program.empty() ? CountCopies() : AppState.ProgramCopies;
+    if (!options.Quiet) {
+        WarnOpenProfiles();
+        PrintResults(options, copies);
+    }
+    if (copies == 0) {
+        std::fputs("warning: the sheet is too small for this nest: it holds no copy of the part\n", stderr);
+    }
+    if (!options.Json.empty()) {
+        WriteJson(options);
+    }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw RunTimeFault("can't write to standard output");
+    }
+    return StatusDone;
+}

@@ -1,0 +1,7 @@
+// Road.h -- the road of one part from its source to its program, as an operator would walk it.
+#pragma once
+
+#include "batch/Options.h"
+
+/// Start, open, fields, screens, save, results. The exit status; what can't be made and has no box is a RunTimeFault.
+int RunRoad(const BatchOptions& options);

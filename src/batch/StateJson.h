@@ -1,0 +1,10 @@
+// StateJson.h -- the state after a run as JSON text.
+#pragma once
+
+#include <string>
+
+/// The whole state; `withProgram` when a program was written. Numbers with 17 significant digits in every locale.
+std::string StateJson(bool withProgram);
+
+/// Position of the nest's first cell in the program.
+void ProgramOrigin(double& x, double& y);
