@@ -1,0 +1,157 @@
+// Angle, mirror and scale of the part: each change starts from the untransformed copy, so nothing accumulates.
+#include "config/Korvanta_Utility.h"
+#include "profile/Korvanta_Common.h"
+#include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
+#include "shell/ValueFields.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+constexpr double LargestScale =
+    99999.0; ///< of the field; a text beyond it must not lead to infinite coordinates
+constexpr std::int16_t MirrorX = 1;
+constexpr std::int16_t MirrorY = 2;
+constexpr std::int16_t MirrorXY = 3;
+
+/// Coefficients of a line after its points have moved. A line without length keeps the old ones.
+void RenewLine(ProfileElement& element)
+{
+    GeoLine line{0.0, element.GeoA, element.GeoB, element.GeoC};
+    std::int16_t err = 0;
+    r_pp(line, {0.0, element.StartX, element.StartY, 0.0}, {0.0, element.EndX, element.EndY, 0.0}, err);
+    if (err == 0) {
+        element.GeoA = line[1];
+        element.GeoB = line[2];
+        element.GeoC = line[3];
+    }
+}
+
+void RotatePoint(double& x, double& y, double cosine, double sine)
+{
+    const double turnedX = cosine * x - sine * y;
+    y = cosine * y + sine * x;
+    x = turnedX;
+}
+
+void RotatePart(double angle)
+{
+    const double cosine = std::cos(angle);
+    const double sine = std::sin(angle);
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        ProfileElement& element = ElementAt(slot);
+        RotatePoint(element.StartX, element.StartY, cosine, sine);
+        RotatePoint(element.EndX, element.EndY, cosine, sine);
+        if (element.Kind == KindLine) {
+            RenewLine(element);
+        } else if (element.Kind == KindArc) {
+            RotatePoint(element.GeoA, element.GeoB, cosine, sine);
+        }
+    }
+    for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {
+        MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
+        RotatePoint(point.X, point.Y, cosine, sine);
+    }
+}
+
+/// Lines keep their coefficients here: the scale step or a reversal renews them. A mirror over one axis exchanges left
+/// and right, so the sides of the drawn elements change too.
+void MirrorPart(double factorX, double factorY)
+{
+    const double turn = factorX * factorY;
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        ProfileElement& element = ElementAt(slot);
+        element.StartX *= factorX;
+        element.StartY *= factorY;
+        element.EndX *= factorX;
+        element.EndY *= factorY;
+        if (element.Kind == KindArc) {
+            element.GeoA *= factorX;
+            element.GeoB *= factorY;
+            element.GeoC *= turn;
+        }
+        if (turn < 0.0 && !IsEndMark(element.Kind)) {
+            element.Sense = static_cast<std::int16_t>(-element.Sense);
+        }
+    }
+    for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {
+        MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
+        point.X *= factorX;
+        point.Y *= factorY;
+    }
+}
+
+void ScalePart(double scale)
+{
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        ProfileElement& element = ElementAt(slot);
+        element.StartX *= scale;
+        element.StartY *= scale;
+        element.EndX *= scale;
+        element.EndY *= scale;
+        if (element.Kind == KindLine) {
+            RenewLine(element);
+        } else if (element.Kind == KindArc) {
+            element.GeoA *= scale;
+            element.GeoB *= scale;
+            element.GeoC *= scale;
+        }
+    }
+    for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {
+        MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
+        point.X *= scale;
+        point.Y *= scale;
+    }
+}
+} // namespace
+
+void ApplyTransform(double angleDeg, std::int16_t mirror, double scale, Flag redraw)
+{
+    if (AppState.ElementCount == 0) {
+        return;
+    }
+    if (IsNoValue(angleDeg)) {
+        angleDeg = FieldNumber(AppState.TextCutting[FieldAngle]);
+    }
+    if (mirror == -1) {
+        mirror = RoundAndClampToInt16(FieldNumber(AppState.TextCutting[FieldMirror]));
+    }
+    if (scale == -1.0) { // exactly: "not given"
+        scale = std::min(FieldNumber(AppState.TextCutting[FieldScale]), LargestScale);
+    }
+    RestoreShadow();
+    for (std::size_t i = 1; i < AppState.ProfileTable.size(); ++i) {
+        AppState.ProfileTable[i].Side = 1.0;
+    }
+    TransformPart(ToRadians(angleDeg), mirror, scale);
+    if (mirror > 0) {
+        std::int16_t largest = 0;
+        ComputeProfileAreas(largest);
+        OrientProfiles();
+    }
+    ShiftToOrigin();
+    ComputeBounds();
+    if (redraw != FlagOff) {
+        RedrawScreen(FlagOn);
+    }
+}
+
+void TransformPart(double angle, std::int16_t mirror, double scale)
+{
+    if (angle != 0.0) {
+        RotatePart(angle);
+    }
+    if (mirror == MirrorX) {
+        MirrorPart(1.0, -1.0);
+    } else if (mirror == MirrorY) {
+        MirrorPart(-1.0, 1.0);
+    } else if (mirror == MirrorXY) {
+        MirrorPart(-1.0, -1.0);
+    }
+    if (scale > 0.0) {
+        ScalePart(scale);
+        MeasureProfiles(FlagOff);
+    }
+}
