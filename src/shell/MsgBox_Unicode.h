@@ -3,10 +3,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Reads the catalogue beside the program into MessageTable. A missing file shows the system's own box and ends the
 /// process; a message number above 50 is a RunTimeFault. Needs AppPath and ProgramName.
 void LoadMessages();
+
+/// Reads the bytes of a catalogue into MessageTable, whose old texts go. With a byte-order mark all columns are plain
+/// UTF-8; without one an "A" column is code page 1252 and any other holds double-byte text, low byte first. Lines that
+/// are missing at the end are empty texts. A message number out of 0 to 50 is a RunTimeFault.
+void ReadCatalogue(std::string_view content);
 
 /// The joined text of a message in `Language`. A number above 50 or a language out of 1 to 6: RunTimeFault.
 std::string MessageText(int number);

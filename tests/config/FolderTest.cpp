@@ -1,0 +1,103 @@
+#include "config/Korvanta_Utility.h"
+#include "platform/Fault.h"
+#include "state/AppState.h"
+#include "support/RecordingScreen.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace
+{
+struct FolderNames : testing::Test {
+    TestFolder Station;
+
+    void SetUp() override
+    {
+        StartCase();
+        AppState.AppPath = Station.Path;
+    }
+};
+} // namespace
+
+TEST_F(FolderNames, ExistingFolderIsLeftAlone)
+{
+    WriteBytes(Station.Name("drive_c/JOBS/A.NST"), "x");
+    NormalisePath("C:\\JOBS\\");
+    NormalisePath("C:\\jobs");
+    EXPECT_EQ(ReadBytes(Station.Name("drive_c/JOBS/A.NST")), "x");
+    int entries = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(Station.Path)) {
+        entries += entry.path().empty() ? 0 : 1;
+    }
+    EXPECT_EQ(entries, 3); // drive_c, JOBS, A.NST
+}
+
+TEST_F(FolderNames, LevelsAreMadeUnderTheirDrive)
+{
+    NormalisePath("D:\\CNC\\PROGRAM\\");
+    EXPECT_TRUE(IsFolder(Station.Name("drive_d/CNC/PROGRAM")));
+}
+
+TEST_F(FolderNames, ExistingLevelsAreEntered)
+{
+    WriteBytes(Station.Name("drive_c/Korvanta/keep.txt"), "x");
+    NormalisePath("C:\\KORVANTA\\NEST\\DATA");
+    EXPECT_TRUE(IsFolder(Station.Name("drive_c/Korvanta/NEST/DATA")));
+    EXPECT_FALSE(IsFolder(Station.Name("drive_c/KORVANTA")));
+}
+
+TEST_F(FolderNames, DotNameStartsAtTheRootOfDriveC)
+{
+    NormalisePath(".\\JOBS\\NEST");
+    EXPECT_TRUE(IsFolder(Station.Name("drive_c/JOBS/NEST")));
+    EXPECT_FALSE(IsFolder(Station.Name("JOBS")));
+}
+
+TEST_F(FolderNames, EmptyAndDotLevelsAreSkipped)
+{
+    NormalisePath("C:\\\\A\\.\\B\\\\");
+    EXPECT_TRUE(IsFolder(Station.Name("drive_c/A/B")));
+}
+
+TEST_F(FolderNames, LevelsWithAColonArePassedOver)
+{
+    NormalisePath("C:\\A\\X:\\B");
+    EXPECT_TRUE(IsFolder(Station.Name("drive_c/A/B")));
+}
+
+TEST_F(FolderNames, PlainNameLiesBesideTheProgram)
+{
+    NormalisePath("PROGRAM\\OLD\\");
+    EXPECT_TRUE(IsFolder(Station.Name("PROGRAM/OLD")));
+}
+
+TEST_F(FolderNames, NativeNameStandsAsItIs)
+{
+    NormalisePath(Station.Name("out/parts") + "\\DATA\\");
+    EXPECT_TRUE(IsFolder(Station.Name("out/parts/DATA")));
+    NormalisePath(Station.Path + "\\NEST");
+    EXPECT_TRUE(IsFolder(Station.Name("NEST")));
+}
+
+TEST_F(FolderNames, WorkingFolderStays)
+{
+    const auto before = std::filesystem::current_path();
+    NormalisePath(".\\A");
+    NormalisePath("B\\C");
+    EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+TEST_F(FolderNames, LevelThatCannotBeMadeIsAFaultThatNamesIt)
+{
+    WriteBytes(Station.Name("drive_c/JOBS"), "a file in the way");
+    try {
+        NormalisePath("C:\\JOBS\\NEST\\DATA");
+        FAIL() << "no fault";
+    } catch (const RunTimeFault& fault) {
+        EXPECT_STREQ(fault.what(), "folder C:\\JOBS can't be made");
+    }
+    EXPECT_EQ(ReadBytes(Station.Name("drive_c/JOBS")), "a file in the way");
+}
