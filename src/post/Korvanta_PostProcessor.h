@@ -14,7 +14,8 @@
 
 // --- the table ------------------------------------------------------------------------------------------
 
-/// Values of a program run, the input block, and an empty collection buffer.
+/// Values of a program run, the input block with its dialog, and an empty collection buffer. A #V key of fewer than
+/// four fields: RunTimeFault that names it.
 void LoadPostProcessorValues();
 
 /// LINENUMBER, LINENUMBER_START, LINENUMBER_STEP.
@@ -51,21 +52,31 @@ extern TextWriter ProgramFile;
 /// Text of a suppressed line.
 inline constexpr std::string_view DontPrint = "don'tprint";
 
-/// Expands one template line in place. Result: the line is to be written. A template that can't be expanded is a
-/// RunTimeFault that names the tag.
-Flag ExpandLine(std::int16_t file, std::string& line, std::string_view vector, const BlockCounters& counters,
-                Flag isInternal);
+/// Where a template line stands in the table, for the text of a fault.
+struct TemplatePlace {
+    std::string_view Section;
+    std::string_view Key;
+};
 
-/// Numbers `text` when asked to and sends it to its destination.
+/// Expands one template line in place. Result: the line is to be written. A template that can't be expanded is a
+/// RunTimeFault that names `place` and the tag.
+Flag ExpandLine(std::int16_t file, std::string& line, std::string_view vector, const BlockCounters& counters,
+                Flag isInternal, const TemplatePlace& place = {});
+
+/// Numbers `text` when asked to and sends it to its destination. A line number beyond 32 bits: RunTimeFault.
 void WriteLine(std::int16_t file, std::string_view text, bool numbered);
 
-/// Writes LINE1.. to the file and COLLECTION1.. to the buffer. A fault names section, line and tag.
+/// Writes LINE1.. to the file and COLLECTION1.. to the buffer; only the latter see the limits. `isInternal` is
+/// ignored: every line is expanded as internal. A fault names section, line and tag.
 void WriteBlock(std::int16_t file, std::string_view section, std::string_view vector,
                 const BlockCounters& counters, Flag isInternal);
 
 // --- block writers -----------------------------------------------------------------------------------------
+// Each splits its vector, turns fields into counters and writes its block. A counter beyond 32 bits: RunTimeFault.
 
+/// A real program: values, numbering, block, compensation off. A simulation: only the marks that it runs.
 void WriteProgramBegin(std::int16_t file);
+/// Also stores the speed of the last simulation, or marks the simulation as stopped.
 void WriteProgramEnd(std::int16_t file, std::string_view vector);
 void WriteMainBegin(std::int16_t file, std::string_view vector);
 void WriteMainEnd(std::int16_t file, std::string_view vector);
@@ -83,6 +94,7 @@ void WriteCallHead(std::int16_t file, std::string_view vector);
 void WriteCall(std::int16_t file, std::string_view vector);
 void WriteSubBegin(std::int16_t file, std::string_view vector);
 void WriteSubEnd(std::int16_t file, std::string_view vector);
+/// The two moves have no template: the line is composed of the words of the table.
 void WriteLinear(std::int16_t file, std::string_view vector);
 void WriteCircular(std::int16_t file, std::string_view vector);
 

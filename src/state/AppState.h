@@ -195,6 +195,7 @@ struct AppStateRecord {
     double SheetSizeY = 0.0;
     Flag SimRunning = FlagOff;
     Flag SimStop = FlagOff;
+    std::int16_t SimSpeed = 0; ///< speed number that the last simulation left, 0 when none ran yet
 };
 
 extern AppStateRecord AppState;
