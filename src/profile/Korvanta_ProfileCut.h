@@ -16,6 +16,10 @@ void AddElement(const std::int16_t& kind, const double& startX, const double& st
                 const double& geoB, const double& geoC, const double& endX, const double& endY,
                 const std::int16_t& sense);
 
+/// True when `more` records would pass the 32767 slots. Importers ask before each AddElement (with 1) and stop with
+/// false after ClearPart; NormaliseImport asks for the end marks. Whoever doesn't ask gets the fault.
+bool WouldPassElementLimit(std::int32_t more);
+
 /// Empties element, shadow and mark tables, the profile table, counts, the current profile and the path cursor;
 /// MoveStep becomes 10.0. The start of every development and import.
 void ClearPart();
@@ -28,26 +32,29 @@ void ChainElements();
 /// Inserts the end marks. Sets ProfileCount. Beyond 32767 slots: RunTimeFault.
 void SplitIntoProfiles();
 
-/// Inserts one end mark at slot `position` (1 .. ElementCount + 1).
+/// Inserts one end mark at slot `position` (1 .. ElementCount + 1, else RunTimeFault) and raises ProfileCount.
 void InsertEndMark(std::int16_t position);
 
 /// Moves the part so that its low corner is 0, 0: elements and mark points.
 void ShiftToOrigin();
 
-/// Stores signed areas on the end marks, runs ComputeBounds. `largest`: number of the largest profile, 0 without any.
+/// Stores signed areas on the end marks (0.0 on open profiles), runs ComputeBounds. `largest`: number of the largest
+/// profile, open ones included, 0 without any; returns its absolute area.
 double ComputeProfileAreas(std::int16_t& largest);
 
 /// Signed area below an arc, measured from refY.
 double ArcArea(double startX, double startY, double endX, double endY, double centreX, double centreY,
                double radius, double refY);
 
-/// Puts profile `largest` last and a boundary profile just before it. Reads EXTPRF_BOUND.
+/// Puts profile `largest` last (0 keeps the order) and the last boundary profile just before it; flags all boundaries,
+/// the inner profiles whose area differs from the outer one by less than EXTPRF_BOUND.
 void PutOuterLast(std::int16_t largest);
 
-/// Gives each closed profile the working sense of its class.
+/// Gives each closed profile the working sense of its class: inner, or outer and boundary. Open ones stay.
 void OrientProfiles();
 
-/// Turns the profile whose end mark stands at `last`; `count` counts its elements, end mark included.
+/// Turns the profile whose end mark stands at `last`; `count` counts its elements, end mark included. Sense of the
+/// drawn elements and the area change their signs. Slots that hold no such profile: RunTimeFault.
 void ReverseProfile(std::int16_t last, std::int16_t count);
 
 /// Turns one profile and its wanted sense; negates Side of a closed one.
@@ -56,6 +63,8 @@ void ToggleProfileSense(std::int32_t profile);
 /// Fills Length, ProfileLength, TotalCutLength, CornerSnap, ProfileEnds; with the flag also the shadow.
 void MeasureProfiles(Flag refreshShadow);
 
+/// Copies the working elements and mark points to the shadow, and back. A shadow that is shorter than the part:
+/// RunTimeFault.
 void SaveShadow();
 void RestoreShadow();
 
@@ -66,7 +75,7 @@ void ComputeBounds();
 double ProfileArea(std::int32_t profile, std::int32_t& endMark, std::int16_t& sense);
 
 /// Slot of the end mark of a profile, and of its first element. ProfileEnds serves when it fits the table, a walk
-/// otherwise. 0 when there is no such profile.
+/// otherwise. 0 when there is no such profile. Who moves end marks without these routines clears ProfileEnds.
 std::int32_t EndMarkOf(std::int32_t profile);
 std::int32_t FirstElementOf(std::int32_t profile);
 
@@ -78,8 +87,9 @@ enum class ImportSides {
 
 /// The end of an import, from a table without end marks to measured profiles and their shadow: split, shift, areas,
 /// outer last, working senses, orientation, sides, lengths. Fills AppState.ImportOpen; `offsetX`, `offsetY` is what
-/// was subtracted from the file's coordinates.
-void NormaliseImport(ImportSides sides, double offsetX, double offsetY);
+/// was subtracted from the file's coordinates. False, with everything emptied by ClearPart: the end marks would pass
+/// the 32767 slots, or a coordinate is no usable number.
+bool NormaliseImport(ImportSides sides, double offsetX, double offsetY);
 
 // --- leads -------------------------------------------------------------------------------------------------
 
