@@ -7,6 +7,7 @@
 // that no longer tell the truth are thrown away when they come to the top.
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <algorithm>
 #include <array>
@@ -46,11 +47,6 @@ Place& PlaceAt(ChainIndex& index, std::int32_t place)
 std::array<std::int32_t, 2>& PlacesAt(ChainIndex& index, std::int32_t slot)
 {
     return index.PlacesOf[static_cast<std::size_t>(slot)];
-}
-
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
 }
 
 /// Cell numbers stay doubles: no coordinate is too large for them. 0.0 is added to have one zero only.

@@ -11,9 +11,6 @@ void RenewLine(ProfileElement& element);
 /// Swaps start and end; a line gets new coefficients, an arc the other direction. Sense stays.
 void TurnElement(ProfileElement& element);
 
-/// -1, 0 or 1.
-std::int16_t SignOf(double value);
-
 /// Fault unless `more` records fit into the element table.
 void RequireElementRoom(std::int32_t more, const char* where);
 

@@ -116,14 +116,6 @@ void TurnElement(ProfileElement& element)
     }
 }
 
-std::int16_t SignOf(double value)
-{
-    if (value > 0.0) {
-        return 1;
-    }
-    return value < 0.0 ? -1 : 0;
-}
-
 std::int32_t EndMarkOf(std::int32_t profile)
 {
     if (profile < 1 || profile > AppState.ProfileCount) {

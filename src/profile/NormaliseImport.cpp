@@ -1,6 +1,7 @@
 // The end of an import: what the readers left in the table becomes a measured part.
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <cmath>
 
@@ -8,11 +9,6 @@ namespace
 {
 /// Coordinates beyond this can't be squared and multiplied safely, nor told from NoValue.
 constexpr double LargestCoordinate = 1e30;
-
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
-}
 
 bool IsUsable(double coordinate)
 {

@@ -2,17 +2,13 @@
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace
 {
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
-}
-
 /// End marks of all profiles in table order, from [1]; [0] is 0.
 std::vector<std::int32_t> CollectEndMarks()
 {

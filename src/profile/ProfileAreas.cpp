@@ -1,6 +1,7 @@
 // The part's place and box, and the signed area of each profile.
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,11 +16,6 @@ constexpr double ChordRule = 0.4;
 
 /// More chords than any arc within BoxLimit needs: an arc of a broken file must not take forever.
 constexpr double MaxChords = 10000.0;
-
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
-}
 
 struct ArcBox {
     double MaxX = 0.0;
@@ -222,6 +218,6 @@ double ProfileArea(std::int32_t profile, std::int32_t& endMark, std::int16_t& se
         return 0.0;
     }
     const double area = ElementAt(endMark).GeoB;
-    sense = SignOf(area);
+    sense = static_cast<std::int16_t>(SignOf(area));
     return std::fabs(area);
 }

@@ -2,17 +2,10 @@
 #include "platform/Fault.h"
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <algorithm>
 #include <string>
-
-namespace
-{
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
-}
-} // namespace
 
 void OrientProfiles()
 {

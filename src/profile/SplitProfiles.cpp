@@ -2,16 +2,12 @@
 #include "platform/Fault.h"
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/ProfileSlots.h"
 
 #include <string>
 
 namespace
 {
-ProfileElement& ElementAt(std::int32_t slot)
-{
-    return AppState.ElementTable[static_cast<std::size_t>(slot)];
-}
-
 /// True when a new profile begins behind `slot`.
 bool GapBehind(std::int32_t slot)
 {
