@@ -2,7 +2,7 @@
 #include "platform/Fault.h"
 #include "state/AppState.h"
 #include "support/RecordingScreen.h"
-#include "support/TestFolder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 namespace
 {
 struct FolderNames : testing::Test {
-    TestFolder Station;
+    TempFolder Station;
 
     void SetUp() override
     {
@@ -24,10 +24,10 @@ struct FolderNames : testing::Test {
 
 TEST_F(FolderNames, ExistingFolderIsLeftAlone)
 {
-    WriteBytes(Station.Name("drive_c/JOBS/A.NST"), "x");
+    Station.Write("drive_c/JOBS/A.NST", "x");
     NormalisePath("C:\\JOBS\\");
     NormalisePath("C:\\jobs");
-    EXPECT_EQ(ReadBytes(Station.Name("drive_c/JOBS/A.NST")), "x");
+    EXPECT_EQ(Station.Read("drive_c/JOBS/A.NST"), "x");
     int entries = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(Station.Path)) {
         entries += entry.path().empty() ? 0 : 1;
@@ -38,48 +38,48 @@ TEST_F(FolderNames, ExistingFolderIsLeftAlone)
 TEST_F(FolderNames, LevelsAreMadeUnderTheirDrive)
 {
     NormalisePath("D:\\CNC\\PROGRAM\\");
-    EXPECT_TRUE(IsFolder(Station.Name("drive_d/CNC/PROGRAM")));
+    EXPECT_TRUE(Station.Holds("drive_d/CNC/PROGRAM"));
 }
 
 TEST_F(FolderNames, ExistingLevelsAreEntered)
 {
-    WriteBytes(Station.Name("drive_c/Korvanta/keep.txt"), "x");
+    Station.Write("drive_c/Korvanta/keep.txt", "x");
     NormalisePath("C:\\KORVANTA\\NEST\\DATA");
-    EXPECT_TRUE(IsFolder(Station.Name("drive_c/Korvanta/NEST/DATA")));
-    EXPECT_FALSE(IsFolder(Station.Name("drive_c/KORVANTA")));
+    EXPECT_TRUE(Station.Holds("drive_c/Korvanta/NEST/DATA"));
+    EXPECT_FALSE(Station.Holds("drive_c/KORVANTA"));
 }
 
 TEST_F(FolderNames, DotNameStartsAtTheRootOfDriveC)
 {
     NormalisePath(".\\JOBS\\NEST");
-    EXPECT_TRUE(IsFolder(Station.Name("drive_c/JOBS/NEST")));
-    EXPECT_FALSE(IsFolder(Station.Name("JOBS")));
+    EXPECT_TRUE(Station.Holds("drive_c/JOBS/NEST"));
+    EXPECT_FALSE(Station.Holds("JOBS"));
 }
 
 TEST_F(FolderNames, EmptyAndDotLevelsAreSkipped)
 {
     NormalisePath("C:\\\\A\\.\\B\\\\");
-    EXPECT_TRUE(IsFolder(Station.Name("drive_c/A/B")));
+    EXPECT_TRUE(Station.Holds("drive_c/A/B"));
 }
 
 TEST_F(FolderNames, LevelsWithAColonArePassedOver)
 {
     NormalisePath("C:\\A\\X:\\B");
-    EXPECT_TRUE(IsFolder(Station.Name("drive_c/A/B")));
+    EXPECT_TRUE(Station.Holds("drive_c/A/B"));
 }
 
 TEST_F(FolderNames, PlainNameLiesBesideTheProgram)
 {
     NormalisePath("PROGRAM\\OLD\\");
-    EXPECT_TRUE(IsFolder(Station.Name("PROGRAM/OLD")));
+    EXPECT_TRUE(Station.Holds("PROGRAM/OLD"));
 }
 
 TEST_F(FolderNames, NativeNameStandsAsItIs)
 {
-    NormalisePath(Station.Name("out/parts") + "\\DATA\\");
-    EXPECT_TRUE(IsFolder(Station.Name("out/parts/DATA")));
+    NormalisePath(Station.Path + "/out/parts\\DATA\\");
+    EXPECT_TRUE(Station.Holds("out/parts/DATA"));
     NormalisePath(Station.Path + "\\NEST");
-    EXPECT_TRUE(IsFolder(Station.Name("NEST")));
+    EXPECT_TRUE(Station.Holds("NEST"));
 }
 
 TEST_F(FolderNames, WorkingFolderStays)
@@ -92,12 +92,12 @@ TEST_F(FolderNames, WorkingFolderStays)
 
 TEST_F(FolderNames, LevelThatCannotBeMadeIsAFaultThatNamesIt)
 {
-    WriteBytes(Station.Name("drive_c/JOBS"), "a file in the way");
+    Station.Write("drive_c/JOBS", "a file in the way");
     try {
         NormalisePath("C:\\JOBS\\NEST\\DATA");
         FAIL() << "no fault";
     } catch (const RunTimeFault& fault) {
         EXPECT_STREQ(fault.what(), "folder C:\\JOBS can't be made");
     }
-    EXPECT_EQ(ReadBytes(Station.Name("drive_c/JOBS")), "a file in the way");
+    EXPECT_EQ(Station.Read("drive_c/JOBS"), "a file in the way");
 }

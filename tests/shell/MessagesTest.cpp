@@ -2,10 +2,12 @@
 #include "shell/MsgBox_Unicode.h"
 #include "state/AppState.h"
 #include "support/RecordingScreen.h"
-#include "support/TestFolder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
 #include <string_view>
@@ -21,7 +23,7 @@ const std::string PlainHeader = ">>0\r\nA\r\nA\r\nA\r\nA\r\nA\r\nA\r\n";
 const std::string DoubleHeader = ">>0\r\nA\r\nA\r\nA\r\nA\r\nA\r\nU\r\n";
 
 struct Catalogue : testing::Test {
-    TestFolder Station;
+    TempFolder Station;
 
     void SetUp() override
     {
@@ -31,7 +33,7 @@ struct Catalogue : testing::Test {
 
     void Load(std::string_view content)
     {
-        WriteBytes(Station.Name("Korvanta_MSG.TXT"), content);
+        Station.Write("Korvanta_MSG.TXT", content);
         LoadMessages();
     }
 
@@ -243,7 +245,7 @@ TEST_F(Catalogue, MissingFileEndsTheProcessWithTheSystemsBox)
 
 TEST_F(Catalogue, NameIsFoundInAnyCase)
 {
-    WriteBytes(Station.Name("korvanta_msg.txt"), PlainHeader + ">>1\nOK\n");
+    Station.Write("korvanta_msg.txt", PlainHeader + ">>1\nOK\n");
     LoadMessages();
     EXPECT_EQ(Text(1, 1), "OK");
 }
@@ -276,6 +278,12 @@ const std::set<int>& NumbersInUse()
         return all;
     }();
     return numbers;
+}
+
+std::string ShippedBytes()
+{
+    std::ifstream file(KORVANTA_SOURCE_DIR "/station/Korvanta_MSG.TXT", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 struct Caption {
@@ -335,7 +343,7 @@ TEST_F(ShippedCatalogue, HasTheCaptionsOfTheDesignInEnglish)
 TEST_F(ShippedCatalogue, LosesNoCharacter)
 {
     // Every line behind a message's number comes back whole, byte for byte.
-    const std::string bytes = ReadBytes(KORVANTA_SOURCE_DIR "/station/Korvanta_MSG.TXT");
+    const std::string bytes = ShippedBytes();
     EXPECT_EQ(bytes.substr(0, 3), Mark);
     EXPECT_EQ(bytes.find("\xEF\xBF\xBD"), std::string::npos);
     std::string_view rest = bytes;
