@@ -9,13 +9,20 @@
 /// The native name of `path`. Reads AppState.AppPath for drive letters.
 std::string NativePath(const std::string& path);
 
+/// The native name of a file that is to be made: its folder as above, the name itself as it is written.
+std::string NativeNewPath(const std::string& path);
+
+/// The folder part of a path, its last separator or drive included; "." when it has none.
+std::string FolderOf(const std::string& path);
+
+/// A plain file; a folder or a device of that name is none.
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
-/// Deletes a file; a missing one is no error. False when it stays.
+/// Deletes a plain file; a missing one is no error. False when it stays (a folder or a device always does).
 bool DeleteFileIfThere(const std::string& path);
 
-/// Creates one folder level. False when it can't be made.
+/// Creates one folder level, and the folder of its drive; one that is there already will do. False when it can't be made.
 bool MakeFolder(const std::string& path);
 
 /// Names (not paths) of the plain files of a folder, in the order of the file system; empty when unreadable.

@@ -12,17 +12,26 @@
 std::string ReadProfileString(const std::string& path, std::string_view section, std::string_view key,
                               std::string_view defaultValue, std::size_t size);
 
-/// The names of all keys of a section, in file order (the call with no key).
+/// The same without a copy, for the walk of a program. The view points into the kept text or into `defaultValue`: it is
+/// valid until the next call of this header or until `defaultValue` goes. A read of an unchanged file allocates nothing.
+std::string_view FindProfileString(std::string_view path, std::string_view section, std::string_view key,
+                                   std::string_view defaultValue, std::size_t size);
+
+/// The names of all keys of the first section of that name, in file order, a NUL behind each (the call with no key).
+/// Lines without '=' and the empty key are left out. A list longer than size - 1 is cut to size - 2 bytes.
 std::string ReadProfileKeys(const std::string& path, std::string_view section, std::size_t size);
 
-/// The names of all sections, in file order (the call with no section).
+/// The same for the names of all sections, repeated ones too (the call with no section).
 std::string ReadProfileSections(const std::string& path, std::size_t size);
 
-/// Replaces or adds a key in place, keeping all other lines. False when the file can't be written.
+/// Replaces or adds a key in place, keeping all other lines; makes the file when its folder is there. False, and nothing
+/// changed, when the file can't be written, and for a section without data (std::string_view(), no section at all).
+/// Read-only is what nobody may write: it holds for the superuser too.
 bool WriteProfileString(const std::string& path, std::string_view section, std::string_view key,
                         std::string_view value);
 
-/// Deletes the first key of that name / the first section of that name. False when the file can't be written.
+/// Deletes the first key of that name / header and keys of the first section of that name. One that is missing is no
+/// error. False when the file can't be written.
 bool DeleteProfileKey(const std::string& path, std::string_view section, std::string_view key);
 bool DeleteProfileSection(const std::string& path, std::string_view section);
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// Reads a whole file as bytes. False when it can't be read; `content` is then empty.
+/// Reads a whole plain file as bytes, 1 GB at most. False when it can't be read; `content` is then empty.
 bool ReadWholeFile(const std::string& path, std::string& content);
 
 /// Cuts the next line off `rest`: CR LF, LF or CR ends it; the last line needs no end. False at the end.
@@ -31,8 +31,9 @@ void WriteTextLine(TextWriter& writer, std::string_view line);
 /// ".part" stays and no finished name appears.
 void CloseText(TextWriter& writer);
 
-/// Closes what a fault left open; the ".part" keeps what was written. Needs nothing open.
+/// Closes what a fault left open; the ".part" keeps what was written. Does nothing when nothing is open.
 void AbandonText(TextWriter& writer) noexcept;
 
-/// Writes a whole text at once under its finished name (through ".part"). RunTimeFault on failure.
+/// Writes a whole text at once under its finished name (through ".part"), each bare LF as CR LF.
+/// RunTimeFault on failure.
 void WriteWholeText(const std::string& path, std::string_view content);

@@ -1,0 +1,184 @@
+#include "platform/TextFile.h"
+
+#include "platform/Fault.h"
+#include "platform/Paths.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr std::size_t WriteBufferSize = std::size_t{256} * 1024;
+constexpr std::size_t LargestFile = std::size_t{1} << 30; // beyond it a file is broken or no text at all
+constexpr std::size_t ReadBlockSize = std::size_t{64} * 1024;
+constexpr const char* UnfinishedEnd = ".part";
+
+/// Ends a failed step of `writer`: closes it and throws. errno tells the reason.
+[[noreturn]] void FailWriting(TextWriter& writer)
+{
+    const std::string reason = std::strerror(errno);
+    writer.Buffer.clear(); // part of it may be on the disk: not a second time
+    AbandonText(writer);
+    throw RunTimeFault("Cannot write " + writer.Path + ": " + reason);
+}
+
+bool Flush(TextWriter& writer)
+{
+    if (writer.Handle == nullptr) {
+        errno = EBADF;
+        return false;
+    }
+    const std::size_t written = std::fwrite(writer.Buffer.data(), 1, writer.Buffer.size(), writer.Handle);
+    const bool done = written == writer.Buffer.size();
+    if (done) {
+        writer.Buffer.clear();
+    }
+    return done;
+}
+
+void FlushWhenFull(TextWriter& writer)
+{
+    if (writer.Buffer.size() >= WriteBufferSize && !Flush(writer)) {
+        FailWriting(writer);
+    }
+}
+
+/// Reads from `file` to its end. False when it holds more than LargestFile bytes or can't be read.
+bool ReadToEnd(int file, std::string& content, std::size_t expected)
+{
+    std::size_t length = 0;
+    content.resize(expected + 1); // one more, so that the end is met without another round
+    for (;;) {
+        const ssize_t got = ::read(file, content.data() + length, content.size() - length);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got < 0) {
+            return false;
+        }
+        length += static_cast<std::size_t>(got);
+        if (got == 0) {
+            content.resize(length);
+            return true;
+        }
+        if (length == content.size()) { // it grew since it was measured
+            if (length > LargestFile) {
+                return false;
+            }
+            content.resize(length + length / 2 + ReadBlockSize);
+        }
+    }
+}
+} // namespace
+
+bool ReadWholeFile(const std::string& path, std::string& content)
+{
+    content.clear();
+    // Not blocking: a pipe of that name must not hang the program before it is seen to be none of our files.
+    const int file = ::open(NativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0) {
+        return false;
+    }
+    struct stat status = {};
+    bool done = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size >= 0 &&
+                static_cast<std::size_t>(status.st_size) <= LargestFile;
+    try {
+        done = done && ReadToEnd(file, content, static_cast<std::size_t>(status.st_size));
+    } catch (const std::bad_alloc&) {
+        done = false;
+    }
+    ::close(file);
+    if (!done) {
+        content = std::string();
+    }
+    return done;
+}
+
+bool NextLine(std::string_view& rest, std::string_view& line)
+{
+    if (rest.empty()) {
+        return false;
+    }
+    const char* const start = rest.data();
+    const char* const end = start + rest.size();
+    const char* at = start;
+    while (at != end && *at != '\n' && *at != '\r') {
+        ++at;
+    }
+    line = std::string_view(start, static_cast<std::size_t>(at - start));
+    if (at != end) {
+        at += *at == '\r' && at + 1 != end && at[1] == '\n' ? 2 : 1;
+    }
+    rest.remove_prefix(static_cast<std::size_t>(at - start));
+    return true;
+}
+
+void OpenText(TextWriter& writer, const std::string& path)
+{
+    AbandonText(writer);
+    writer.Path = path;
+    writer.Buffer.clear();
+    writer.Buffer.reserve(WriteBufferSize + WriteBufferSize / 4);
+    errno = EEXIST; // the reason when something that is no plain file has the name
+    if (!DeleteFileIfThere(path)) {
+        FailWriting(writer);
+    }
+    writer.Native = NativeNewPath(path);
+    writer.Handle = std::fopen((writer.Native + UnfinishedEnd).c_str(), "wbe");
+    if (writer.Handle == nullptr) {
+        FailWriting(writer);
+    }
+    std::setvbuf(writer.Handle, nullptr, _IONBF, 0); // Buffer is the buffer
+}
+
+void WriteTextLine(TextWriter& writer, std::string_view line)
+{
+    writer.Buffer.append(line).append("\r\n", 2);
+    FlushWhenFull(writer);
+}
+
+void CloseText(TextWriter& writer)
+{
+    if (!Flush(writer)) {
+        FailWriting(writer);
+    }
+    std::FILE* const handle = writer.Handle;
+    writer.Handle = nullptr;
+    if (std::fclose(handle) != 0) {
+        FailWriting(writer);
+    }
+    if (std::rename((writer.Native + UnfinishedEnd).c_str(), writer.Native.c_str()) != 0) {
+        FailWriting(writer);
+    }
+}
+
+void AbandonText(TextWriter& writer) noexcept
+{
+    if (writer.Handle == nullptr) {
+        return;
+    }
+    Flush(writer);
+    std::fclose(writer.Handle);
+    writer.Handle = nullptr;
+    writer.Buffer.clear();
+}
+
+void WriteWholeText(const std::string& path, std::string_view content)
+{
+    TextWriter writer;
+    OpenText(writer, path);
+    std::size_t from = 0;
+    for (std::size_t at = content.find('\n'); at != std::string_view::npos; at = content.find('\n', at + 1)) {
+        if (at == 0 || content[at - 1] != '\r') {
+            writer.Buffer.append(content.substr(from, at - from)).append("\r", 1);
+            from = at;
+            FlushWhenFull(writer);
+        }
+    }
+    writer.Buffer.append(content.substr(from));
+    CloseText(writer);
+}
