@@ -122,7 +122,11 @@ std::string NativeRoot(std::string_view& rest)
         rest.remove_prefix(2);
         return DriveFolder(letter);
     }
-    return rest.front() == '\\' ? DriveFolder('c') : std::string();
+    if (rest.front() == '\\') {
+        return DriveFolder('c');
+    }
+    // A program folder without a native name of its own can't lend it to others: they lie in the working folder.
+    return AppState.AppPath.starts_with('/') ? NativePath(AppState.AppPath) : std::string();
 }
 
 /// The components of `rest` as they are written, behind `native`.
@@ -172,11 +176,10 @@ std::string NativePath(const std::string& path)
 
 std::string NativeNewPath(const std::string& path)
 {
-    const std::size_t start = LastComponent(path);
-    if (start == 0) {
+    if (path.empty()) {
         return path;
     }
-    return Appended(NativePath(path.substr(0, start)), std::string_view(path).substr(start));
+    return Appended(NativePath(FolderOf(path)), std::string_view(path).substr(LastComponent(path)));
 }
 
 std::string FolderOf(const std::string& path)

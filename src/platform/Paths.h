@@ -1,12 +1,14 @@
 // Paths.h -- the operator's folder names on this machine's file system; the only room that touches files.
-// A '\' separates; "X:\" is the folder drive_x beside the program; a name that begins with '/' stands as it is;
-// each component is found without regard to case when it exists under another one.
+// A '\' separates; "X:\" is the folder drive_x beside the program, and so is a "\" at the beginning with drive c; a
+// name that begins with '/' stands as it is; any other one lies in the program's folder. Each component is found
+// without regard to case when it exists under another one.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// The native name of `path`. Reads AppState.AppPath for drive letters.
+/// The native name of `path`. Reads AppState.AppPath for drives and plain names; without one they lie in the working
+/// folder.
 std::string NativePath(const std::string& path);
 
 /// The native name of a file that is to be made: its folder as above, the name itself as it is written.
