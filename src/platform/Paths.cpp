@@ -207,7 +207,11 @@ bool DeleteFileIfThere(const std::string& path)
     if (::lstat(native.c_str(), &status) != 0) {
         return errno == ENOENT || errno == ENOTDIR;
     }
-    return (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode)) && ::unlink(native.c_str()) == 0;
+    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EEXIST;
+        return false;
+    }
+    return ::unlink(native.c_str()) == 0;
 }
 
 bool MakeFolder(const std::string& path)

@@ -21,7 +21,8 @@ std::string FolderOf(const std::string& path);
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
-/// Deletes a plain file; a missing one is no error. False when it stays (a folder or a device always does).
+/// Deletes a plain file; a missing one is no error. False when it stays (a folder or a device always does);
+/// errno tells why.
 bool DeleteFileIfThere(const std::string& path);
 
 /// Creates one folder level, and the folder of its drive; one that is there already will do. False when it can't be made.

@@ -123,7 +123,6 @@ void OpenText(TextWriter& writer, const std::string& path)
     writer.Path = path;
     writer.Buffer.clear();
     writer.Buffer.reserve(WriteBufferSize + WriteBufferSize / 4);
-    errno = EEXIST; // the reason when something that is no plain file has the name
     if (!DeleteFileIfThere(path)) {
         FailWriting(writer);
     }

@@ -101,7 +101,7 @@ TEST(Paths, NewNamesKeepTheirSpelling)
     EXPECT_EQ(NativeNewPath("C:\\NC\\OLD.NC"), folder.Path + "/drive_c/Nc/OLD.NC");
     EXPECT_EQ(NativeNewPath("C:NEW.NC"), folder.Path + "/drive_c/NEW.NC");
     EXPECT_EQ(NativeNewPath("\\NEW.NC"), folder.Path + "/drive_c/NEW.NC");
-    EXPECT_EQ(NativeNewPath("NEW.NC"), "NEW.NC");
+    EXPECT_EQ(NativeNewPath("NEW.NC"), folder.Path + "/NEW.NC");
     EXPECT_EQ(NativeNewPath("/new.nc"), "/new.nc");
     EXPECT_EQ(FolderOf("C:\\NC\\OLD.NC"), "C:\\NC\\");
     EXPECT_EQ(FolderOf("C:OLD.NC"), "C:");

@@ -233,7 +233,7 @@ bool FindPlainly(const KeyText& text, std::string_view section, std::string_view
             }
             inSection = IsNamed(text, line.Name, section);
         } else if (inSection && line.Kind == KeyTextKind::Key && IsNamed(text, line.Name, key)) {
-            value = line.Value;
+            value = line.HasValue ? line.Value : value;
             return line.HasValue;
         }
     }
@@ -254,7 +254,8 @@ bool FoldedEqual(std::string_view a, std::string_view b)
 std::string RandomText(std::mt19937& random, std::size_t length)
 {
     static constexpr std::string_view Alphabet("[]==;ssSkKtT \r\n\n\n\"'\0\x1a\xff\xfe?", 30);
-    std::string text = random() % 4 == 0 ? "\xff\xfe" : "";
+    constexpr std::string_view Heads[] = {"", "[s]\n", "[S]\r\nK=1\n", "\xff\xfe"};
+    std::string text(Heads[random() % 4]);
     while (text.size() < length) {
         text += Alphabet[random() % Alphabet.size()];
         if (text.starts_with("\xff\xfe") && random() % 8 != 0) {

@@ -188,7 +188,7 @@ TEST(TextWriters, TellFileAndReason)
     EXPECT_EQ(FaultOf([&] { OpenText(writer, folder.Path + "\\none\\a.nc"); }),
               "Cannot write " + folder.Path + "\\none\\a.nc: No such file or directory");
     EXPECT_EQ(FaultOf([&] { OpenText(writer, folder.Path + "\\sub"); }),
-              "Cannot write " + folder.Path + "\\sub: File exists");
+              "Cannot write " + folder.Path + "\\sub: Is a directory");
     EXPECT_EQ(FaultOf([&] { OpenText(writer, "/dev/null"); }), "Cannot write /dev/null: File exists");
     EXPECT_TRUE(fs::exists("/dev/null")) << "a device is not removed as an old program";
     EXPECT_NE(FaultOf([&] { CloseText(writer); }), "") << "nothing is open";
