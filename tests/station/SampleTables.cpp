@@ -1,0 +1,45 @@
+#include "SampleTables.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+std::string StationFile(const std::string& name)
+{
+    return std::string(KORVANTA_SOURCE_DIR) + "/station/" + name;
+}
+
+std::string StationBytes(const std::string& name)
+{
+    std::ifstream file(StationFile(name), std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << name;
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+std::vector<TableKey> ReadTable(const std::string& name)
+{
+    std::vector<TableKey> keys;
+    std::istringstream lines(StationBytes(name));
+    std::string section;
+    std::string line;
+    while (std::getline(lines, line)) {
+        if (!line.empty() && line.back() == '\r') {
+            line.pop_back();
+        }
+        const std::size_t equals = line.find('=');
+        if (line.empty() || line.front() == ';') {
+            continue;
+        }
+        if (line.front() == '[' && line.back() == ']') {
+            section = line.substr(1, line.size() - 2);
+        } else if (equals != std::string::npos && !section.empty()) {
+            keys.push_back({section, line.substr(0, equals), line.substr(equals + 1)});
+        } else {
+            ADD_FAILURE() << name << ": neither comment, section nor key: " << line;
+        }
+    }
+    return keys;
+}
