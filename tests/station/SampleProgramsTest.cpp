@@ -47,6 +47,7 @@ std::vector<std::string> CutSample(const TempFolder& station, const std::string&
     SetText(AppState.TextNesting[FieldSheetY], "*2");
     ApplySheetEntries(1);
     ComputeLayout();
+    AppState.JobName = drawing;
     GenerateProgram(drawing);
     std::istringstream text(station.Read("NC/" + ProgramFileName(drawing)));
     std::vector<std::string> lines;
@@ -167,21 +168,27 @@ TEST(SubProgramTable, CallsEachSubProgramThatStandsAheadOfTheTapeEnd)
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "(cut 30 is profile 5 of copy 6)"), 1);
 }
 
-TEST(SubProgramTable, AsksTheOperatorAndRemembersTheAnswers)
+TEST(SubProgramTable, AsksTheOperatorAndProposesWhatTheJobKeeps)
 {
     const TempFolder station;
     CopyStation(station, "PPR_SubPrograms.ini");
     std::string gasOptions;
-    const std::vector<std::string> lines = CutSample(station, "FLANGE", [&] {
-        gasOptions = AppState.PprInput[2].Options;
-        AppState.PprInput[2].Value = "N2";
-    });
-    EXPECT_EQ(gasOptions, "O2|N2|AIR");
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "(order NONE, plate 10 mm, gas N2)"), 1);
-
     std::string gasProposed;
-    CutSample(station, "FLANGE", [&] { gasProposed = AppState.PprInput[2].Value; });
-    EXPECT_EQ(gasProposed, "N2") << "the job keeps the last answer";
+    const auto operatorAnswers = [&] {
+        gasOptions = AppState.PprInput[2].Options;
+        gasProposed = AppState.PprInput[2].Value;
+        AppState.PprInput[2].Value = "AIR";
+        AppState.PprInput[5].Value = "4711";
+    };
+    std::vector<std::string> lines = CutSample(station, "FLANGE", operatorAnswers);
+    EXPECT_EQ(gasOptions, "O2|N2|AIR");
+    EXPECT_EQ(gasProposed, "O2");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "(order 4711, plate 10 mm, gas AIR)"), 1);
+
+    station.Write("NEST/FLANGE.nst", "[0004]\r\nV2=N2\r\n");
+    lines = CutSample(station, "FLANGE", operatorAnswers);
+    EXPECT_EQ(gasProposed, "N2");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "(order 4711, plate 10 mm, gas AIR)"), 1);
 }
 
 TEST(PlainTable, MarksEveryCopyAndListsTheLimits)
