@@ -20,7 +20,8 @@ bool EndsServe(std::int32_t profile)
         return false;
     }
     const auto p = static_cast<std::size_t>(profile);
-    return isEnd(ends[p]) && ends[p - 1] < ends[p] && (p == 1 ? ends[0] == 0 : isEnd(ends[p - 1]));
+    return isEnd(ends[p]) && (profile == AppState.ProfileCount || ends[p] < ends.back()) &&
+           ends[p - 1] < ends[p] && (p == 1 ? ends[0] == 0 : isEnd(ends[p - 1]));
 }
 } // namespace
 
