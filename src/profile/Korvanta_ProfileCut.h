@@ -88,7 +88,7 @@ enum class ImportSides {
 /// The end of an import, from a table without end marks to measured profiles and their shadow: split, shift, areas,
 /// outer last, working senses, orientation, sides, lengths. Fills AppState.ImportOpen; `offsetX`, `offsetY` is what
 /// was subtracted from the file's coordinates. False, with everything emptied by ClearPart: the end marks would pass
-/// the 32767 slots, or a coordinate is no usable number.
+/// the 32767 slots, or a coordinate is no usable number; ImportFailure tells which.
 bool NormaliseImport(ImportSides sides, double offsetX, double offsetY);
 
 // --- leads -------------------------------------------------------------------------------------------------

@@ -33,6 +33,13 @@ bool AllUsable()
     return true;
 }
 
+bool Refuse(const char* why)
+{
+    ClearPart();
+    AppState.ImportFailure = why;
+    return false;
+}
+
 /// True when a side was read for any drawn element of the profile in slots first .. last - 1.
 bool AnySide(std::int32_t first, std::int32_t last)
 {
@@ -85,9 +92,11 @@ void FinishProfiles(ImportSides sides, double addX, double addY)
 bool NormaliseImport(ImportSides sides, double offsetX, double offsetY)
 {
     AppState.ImportOpen.clear();
-    if (!AllUsable() || WouldPassElementLimit(EndMarksNeeded())) {
-        ClearPart();
-        return false;
+    if (!AllUsable()) {
+        return Refuse("a coordinate is too large");
+    }
+    if (WouldPassElementLimit(EndMarksNeeded())) {
+        return Refuse("there are more elements than the station holds (32767, profile ends included)");
     }
     SplitIntoProfiles();
     double lowX = 0.0;
