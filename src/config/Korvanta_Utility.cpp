@@ -438,7 +438,7 @@ void NormalisePath(const std::string& path)
 std::string BaseName(const std::string& path, const std::string& extension)
 {
     const std::size_t folder = path.find_last_of("\\/");
-    const std::string name = folder == std::string::npos ? path : path.substr(folder + 1);
+    std::string name = folder == std::string::npos ? path : path.substr(folder + 1);
     if (extension.empty()) {
         return name;
     }

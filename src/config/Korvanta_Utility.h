@@ -19,7 +19,7 @@ std::string PlainNumber(double value);
 
 /// Every number that an operator sees or a program file holds. `decimals` above 0 is a maximum, at or below 0 it fixes
 /// the number of places; `integerWidth` pads with blanks (above 0) or zeros (below 0). It truncates, but a nine in
-/// the first place cut away carries.
+/// the first place cut away carries. A number that is not finite is a RunTimeFault: no program ever holds one.
 std::string FormatNumber(double value, std::int16_t integerWidth = 0, std::int16_t decimals = 2);
 
 /// FormatNumber appended to `out`, for the many numbers of a program: same text, no allocation.
@@ -51,11 +51,13 @@ bool Contains(std::string_view text, std::string_view part);
 /// The text up to its first NUL, trimmed.
 std::string ZeroTerminated(std::string_view text);
 
-/// Makes a folder path exist, level by level; drive parts are passed over as levels. RunTimeFault naming the folder
-/// when a level can't be made.
+/// Makes a folder path exist, level by level, from the root of its drive, from "/" or from the program's folder; drive
+/// parts are passed over as levels. A new folder named from ".\" on lies on drive c. The process's working folder is
+/// never changed. RunTimeFault naming the folder when a level can't be made.
 void NormalisePath(const std::string& path);
 
-/// The file name without folders, cut ahead of the first `extension` in it (found in any case).
+/// The file name without folders, cut ahead of the first `extension` in it (found in any case; an empty one cuts
+/// nothing). Folders end at the last '\', or '/' as native names have it.
 std::string BaseName(const std::string& path, const std::string& extension);
 
 double ToRadians(double degrees);
