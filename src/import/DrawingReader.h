@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Values of DxfEntity::Kind.
@@ -51,10 +52,15 @@ using DxfCallback = int (*)(const DxfEntity& entity, void* context);
 /// Opens a drawing; null when it can't be read or is no DXF. ".dwg" gives null.
 Drawing* DXFCreate(const std::string& path);
 
+/// The same for a drawing in memory; the bytes aren't needed afterwards.
+Drawing* OpenDrawingBytes(std::string_view bytes);
+
 /// Curves stay curves (flag 0, the only mode). Non-zero on success.
 int DXFProhibitCurvesAsPoly(Drawing* drawing, int flag);
 
-/// Hands each entity to the callback, in drawing order. False when the drawing turned out unreadable on the way.
+/// Hands each entity to the callback, in drawing order: first those of kinds 6 to 19 that give geometry in the plane, whole
+/// inserts resolved, texts and unknown ones among them by their kind alone. False when inserts or curves multiply
+/// beyond any use (the walk ends there).
 bool DXFEnum(Drawing* drawing, int flag, DxfCallback callback, void* context);
 
 /// The vertices of a polyline kind, n x 2.
