@@ -52,8 +52,9 @@ void SetOffset(DxfWalk& walk, DrawingAccount& account, const DrawingBounds& boun
     }
     walk.OffsetX = account.OffsetX;
     walk.OffsetY = account.OffsetY;
-    const double reach = std::max({std::fabs(bounds.MinX - walk.OffsetX), std::fabs(bounds.MaxX - walk.OffsetX),
-                                   std::fabs(bounds.MinY - walk.OffsetY), std::fabs(bounds.MaxY - walk.OffsetY)});
+    const double reach =
+        std::max({std::fabs(bounds.MinX - walk.OffsetX), std::fabs(bounds.MaxX - walk.OffsetX),
+                  std::fabs(bounds.MinY - walk.OffsetY), std::fabs(bounds.MaxY - walk.OffsetY)});
     constexpr double floatStep = 1.2e-7; // relative distance of neighbouring floats
     walk.Spacing = Tolerance * 1.05 + 2.0 * floatStep * reach;
 }

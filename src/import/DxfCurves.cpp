@@ -35,7 +35,8 @@ WeightedPoint PolarPoint(const SplineShape& spline, const std::vector<WeightedPo
         const double argument = spline.Knots[atEnd ? span + 1 : span];
         for (std::size_t j = degree; j >= r; --j) {
             const double low = spline.Knots[span - degree + j];
-            const double high = spline.Knots[span + 1 + j - r]; // above low: the span between them isn't empty
+            const double high =
+                spline.Knots[span + 1 + j - r]; // above low: the span between them isn't empty
             d[j] = Mix(d[j - 1], d[j], (argument - low) / (high - low));
         }
     }

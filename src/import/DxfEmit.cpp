@@ -85,7 +85,8 @@ bool SurvivesRounding(const DxfEntity& arc)
 
 void EmitEllipse(DxfWalk& walk, RoundShape round)
 {
-    if (round.Full && !round.OwnStart && !round.Parametric) { // where the curve meets the axis to the right of its centre
+    if (round.Full && !round.OwnStart &&
+        !round.Parametric) { // where the curve meets the axis to the right of its centre
         round.Start = std::atan2(-round.Axis1.Y, round.Axis2.Y);
         if (round.Axis1.X * std::cos(round.Start) + round.Axis2.X * std::sin(round.Start) < 0.0) {
             round.Start += Pi;
@@ -246,8 +247,9 @@ void EmitRound(DxfWalk& walk, std::int16_t kind, const RoundShape& round)
 void EmitPieces(DxfWalk& walk)
 {
     const CurvePieces& pieces = walk.Pieces;
-    if (!std::all_of(pieces.Points.begin(), pieces.Points.end(),
-                     [](const WeightedPoint& p) { return IsUsable({p.X / p.W, p.Y / p.W}); })) {
+    if (!std::all_of(pieces.Points.begin(), pieces.Points.end(), [](const WeightedPoint& p) {
+            return IsUsable({p.X / p.W, p.Y / p.W});
+        })) {
         return;
     }
     if (walk.Measuring) { // the hull serves as well, and costs nothing

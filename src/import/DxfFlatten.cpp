@@ -13,8 +13,8 @@ namespace
 constexpr double DenseError = 0.0015;
 constexpr double ThinError = 0.0027;
 
-constexpr int MaxSplits = 14;            ///< of one piece: 16384 chords at most
-constexpr std::size_t LookAhead = 48;    ///< dense points that one chord may pass over
+constexpr int MaxSplits = 14;         ///< of one piece: 16384 chords at most
+constexpr std::size_t LookAhead = 48; ///< dense points that one chord may pass over
 
 using Piece = std::array<WeightedPoint, MaxSplineDegree + 1>;
 
@@ -56,7 +56,8 @@ bool IsFlat(const Piece& piece, int degree)
 }
 
 /// Adds the points of a piece but its first one.
-void AddDensePoints(Piece& piece, int degree, int splits, std::int64_t& budget, std::vector<PlanePoint>& dense)
+void AddDensePoints(Piece& piece, int degree, int splits, std::int64_t& budget,
+                    std::vector<PlanePoint>& dense)
 {
     const auto last = static_cast<std::size_t>(degree);
     if (splits == 0 || budget <= 0 || IsFlat(piece, degree)) {
@@ -65,7 +66,8 @@ void AddDensePoints(Piece& piece, int degree, int splits, std::int64_t& budget, 
         return;
     }
     Piece left;
-    for (std::size_t level = 0; level <= last; ++level) { // halves by repeated middles; `piece` becomes the right one
+    for (std::size_t level = 0; level <= last;
+         ++level) { // halves by repeated middles; `piece` becomes the right one
         left[level] = piece[0];
         for (std::size_t i = 0; i + level < last; ++i) {
             piece[i] = {(piece[i].X + piece[i + 1].X) / 2.0, (piece[i].Y + piece[i + 1].Y) / 2.0,

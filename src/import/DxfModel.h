@@ -33,7 +33,7 @@ enum SplineNumbers : std::uint8_t {
     SplineControls,
     SplineWeights,
     SplineFits,
-    SplineStartTangent,                       ///< x y z, all 0 when not given
+    SplineStartTangent,                        ///< x y z, all 0 when not given
     SplineEndTangent = SplineStartTangent + 3, ///< the same
     SplineHead = SplineEndTangent + 3
 };

@@ -334,7 +334,8 @@ double ParseNumber(std::string_view text)
     }
     if (at < last && *at == '.') {
         ++at;
-        for (; at < last && *at >= '0' && *at <= '9' && digits <= MaxExactDigits; ++at, ++digits, ++decimals) {
+        for (; at < last && *at >= '0' && *at <= '9' && digits <= MaxExactDigits;
+             ++at, ++digits, ++decimals) {
             mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
         }
     }

@@ -97,7 +97,8 @@ void WalkEllipse(DxfWalk& walk, const double* n, const DxfMatrix& matrix)
     round.Axis1 = MapDirection(matrix, n[3], n[4], n[5]);
     round.Axis2 = MapDirection(matrix, (ny * n[5] - nz * n[4]) * ratio, (nz * n[3] - nx * n[5]) * ratio,
                                (nx * n[4] - ny * n[3]) * ratio);
-    const double radius = std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
+    const double radius =
+        std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
     SetSweep(round, n[10], n[11], radius);
     round.Parametric = true;
     EmitRound(walk, DxfArcPiece, round);
@@ -125,7 +126,8 @@ RoundShape BulgeArc(const DxfMatrix& plane, const double* a, const double* b, do
 bool GoesOutAsChord(const RoundShape& round, double chord, double bulge)
 {
     constexpr double farCentre = 1e5;
-    const double radius = std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
+    const double radius =
+        std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
     const bool flat = chord * std::fabs(bulge) / 2.0 <= MaxSagitta;
     return !IsUsable(round.Centre) || !(radius <= MaxCoordinate) || (flat && radius > farCentre);
 }
@@ -151,7 +153,8 @@ void WalkSegments(DxfWalk& walk, const DxfShape& shape, const double* vertices, 
         if (run.empty()) {
             run.push_back(walk.Points[i]);
         }
-        const double chord = std::hypot(walk.Points[next].X - walk.Points[i].X, walk.Points[next].Y - walk.Points[i].Y);
+        const double chord =
+            std::hypot(walk.Points[next].X - walk.Points[i].X, walk.Points[next].Y - walk.Points[i].Y);
         RoundShape round;
         bool straight = std::fabs(a[2]) < StraightBulge || (a[0] == b[0] && a[1] == b[1]);
         if (!straight) {

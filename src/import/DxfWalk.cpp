@@ -75,8 +75,7 @@ void WalkCells(DxfWalk& walk, const DxfBlock& block, const Placement& placement,
             if (IsOver(walk)) {
                 return;
             }
-            DxfMatrix cell =
-                WithShift(base, column * placement.ColumnStep, row * placement.RowStep, 0.0);
+            DxfMatrix cell = WithShift(base, column * placement.ColumnStep, row * placement.RowStep, 0.0);
             cell = WithScale(cell, placement.Scale[0], placement.Scale[1], placement.Scale[2]);
             cell = WithShift(cell, -block.Base[0], -block.Base[1], -block.Base[2]);
             WalkRows(walk, walk.Model->BlockShapes, block.First, block.End, cell);

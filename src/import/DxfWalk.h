@@ -24,23 +24,23 @@ struct DrawingBounds {
 
 struct DxfWalk {
     const DxfModel* Model = nullptr;
-    bool Measuring = false;    ///< the first walk: fills Bounds, hands out nothing
+    bool Measuring = false; ///< the first walk: fills Bounds, hands out nothing
     DrawingBounds Bounds;
-    double OffsetX = 0.0;      ///< whole numbers taken off every coordinate
+    double OffsetX = 0.0; ///< whole numbers taken off every coordinate
     double OffsetY = 0.0;
-    double Spacing = 0.0;      ///< least distance of neighbours on a flattened curve
+    double Spacing = 0.0; ///< least distance of neighbours on a flattened curve
     DxfCallback Callback = nullptr;
     void* Context = nullptr;
-    bool Ended = false;        ///< by the callback
-    bool Exhausted = false;    ///< the inserts or curves multiply beyond any use
-    std::int64_t Budget = 0;   ///< steps left for inserts and curves
+    bool Ended = false;             ///< by the callback
+    bool Exhausted = false;         ///< the inserts or curves multiply beyond any use
+    std::int64_t Budget = 0;        ///< steps left for inserts and curves
     std::vector<std::int64_t> Read; ///< counts by name number
     std::vector<std::int64_t> LeftOut;
     std::vector<char> OpenBlocks; ///< blocks being inserted, by number
     int Depth = 0;
-    bool Delivered = false;        ///< the shape at hand gave a record
-    std::int64_t ShapesGiven = 0;  ///< shapes that did, so far
-    CurvePieces Pieces;            // scratch, from here on
+    bool Delivered = false;       ///< the shape at hand gave a record
+    std::int64_t ShapesGiven = 0; ///< shapes that did, so far
+    CurvePieces Pieces;           // scratch, from here on
     std::vector<PlanePoint> Points;
     std::vector<PlanePoint> Straight;
     std::vector<PlanePoint> Run;
@@ -72,9 +72,9 @@ struct RoundShape {
     double Start = 0.0;
     double Sweep = 0.0;
     bool Full = false;
-    bool OwnStart = false;    ///< a full turn starts at its own start, even a circle
-    bool Parametric = false;  ///< a full turn that is no circle starts at its own start
-    bool HasEnds = false;  ///< From and To are the exact ends
+    bool OwnStart = false;   ///< a full turn starts at its own start, even a circle
+    bool Parametric = false; ///< a full turn that is no circle starts at its own start
+    bool HasEnds = false;    ///< From and To are the exact ends
     PlanePoint From;
     PlanePoint To;
 };

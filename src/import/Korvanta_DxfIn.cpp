@@ -103,6 +103,16 @@ int TakeEntity(const DxfEntity& entity, void* context)
     return import.TooLarge ? 1 : 0;
 }
 
+/// Without elements no shift to the origin hides the reader's offset: the mark points get it back.
+void RestoreLoosePoints(const DrawingAccount& account)
+{
+    for (std::int32_t i = 1; AppState.ElementCount == 0 && i <= AppState.MarkPointCount; ++i) {
+        MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
+        point.X += account.OffsetX;
+        point.Y += account.OffsetY;
+    }
+}
+
 /// True when the chained elements and their end marks fit the table.
 bool EndMarksFit()
 {
@@ -163,6 +173,7 @@ bool ImportDxf(std::string& name)
     }
     AppState.ImportRead = account.Read;
     AppState.ImportLeftOut = account.LeftOut;
+    RestoreLoosePoints(account);
     NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY);
     return true;
 }

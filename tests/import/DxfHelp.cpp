@@ -52,7 +52,8 @@ std::string Groups(std::string_view text, std::string_view lineEnd)
         text.remove_prefix(bar == std::string_view::npos ? text.size() : bar + 1);
         const std::size_t blank = group.find(' ');
         lines.append(group.substr(0, blank)).append(lineEnd);
-        lines.append(blank == std::string_view::npos ? std::string_view() : group.substr(blank + 1)).append(lineEnd);
+        lines.append(blank == std::string_view::npos ? std::string_view() : group.substr(blank + 1))
+            .append(lineEnd);
     }
     return lines;
 }

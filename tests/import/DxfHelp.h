@@ -17,7 +17,7 @@ struct DxfRecord {
 struct DxfResult {
     bool Opened = false;
     bool Complete = false;
-    std::vector<DxfRecord> Records; ///< those of kinds 15 to 17 left out
+    std::vector<DxfRecord> Records;    ///< those of kinds 15 to 17 left out
     std::vector<std::int16_t> Ignored; ///< kinds of these
     DrawingAccount Account;
 };
