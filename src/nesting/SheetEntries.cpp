@@ -41,17 +41,17 @@ void CheckPitch(double pitch, const char* axis)
 
 void SetNumber(NestingField field, double value)
 {
-    SetText(AppState.TextNesting[field], FormatNumber(value));
+    SetText(NestField(field), FormatNumber(value));
 }
 
 /// One sheet entry: "*n", and never below one cell.
 void ApplyEntry(NestingField field, NestingField label, double pitch, bool entered, std::int32_t& fixedCount)
 {
     std::int32_t count = 0;
-    SetText(AppState.TextNesting[field], ParseCountEntry(AppState.TextNesting[field].Text, pitch, count));
+    SetText(NestField(field), ParseCountEntry(NestField(field).Text, pitch, count));
     if (count > 0) {
         fixedCount = count;
-        AppState.LabelNesting[label] = std::to_string(count);
+        AppState.LabelNesting[static_cast<std::size_t>(label)] = std::to_string(count);
     } else if (count == 0 && entered) {
         fixedCount = 0;
     }
@@ -68,7 +68,7 @@ std::int32_t AtLeastOne(std::int32_t count)
 
 void RunNesting()
 {
-    AppState.NestKind = RoundAndClampToInt16(FieldNumber(AppState.TextNesting[FieldNestType]));
+    AppState.NestKind = RoundAndClampToInt16(FieldNumber(NestField(FieldNestType)));
     ComputeBounds();
     AppState.PartSizeX = AppState.MaxX - AppState.MinX;
     AppState.PartSizeY = AppState.MaxY - AppState.MinY;

@@ -31,6 +31,11 @@ constexpr LeadFieldRow LeadFields[] = {
     {FieldLeadOutC, &ProfileRecord::LeadOutLength, &ProfileRecord::LeadOutLineOn, "L_Out"},
 };
 
+ValueField& FieldOf(const LeadFieldRow& row)
+{
+    return AppState.TextCutting[static_cast<std::size_t>(row.Field)];
+}
+
 /// Makes sure that a profile is selected, the one of the field "Profile nr." when there was none. False when the part
 /// has no such profile; `span` is that of the current one otherwise.
 bool SelectSome(ProfileSpan& span)
@@ -43,7 +48,7 @@ bool SelectSome(ProfileSpan& span)
 
 void TakeLeadField(const LeadFieldRow& row, ProfileRecord& record, bool open)
 {
-    const double value = std::min(FieldNumber(AppState.TextCutting[row.Field]), LongestLead);
+    const double value = std::min(FieldNumber(FieldOf(row)), LongestLead);
     if (!(value > 0.0) || (open && AppState.OpenShapePart != FlagOff)) {
         record.*row.On = FlagOff;
         record.*row.Value = 0.0;
@@ -77,8 +82,7 @@ void ShowProfileFields()
     if (SelectSome(span)) {
         const ProfileRecord& record = RecordAt(AppState.CurrentProfile);
         for (const LeadFieldRow& row : LeadFields) {
-            SetText(AppState.TextCutting[row.Field],
-                    record.*row.On == FlagOff ? "0" : FormatNumber(record.*row.Value, 1, 2));
+            SetText(FieldOf(row), record.*row.On == FlagOff ? "0" : FormatNumber(record.*row.Value, 1, 2));
         }
     }
     if (AppState.MoveStep == 0.0) {

@@ -119,13 +119,13 @@ void ApplyTransform(double angleDeg, std::int16_t mirror, double scale, Flag red
         mirror = RoundAndClampToInt16(FieldNumber(AppState.TextCutting[FieldMirror]));
     }
     if (scale == -1.0) { // exactly: "not given"
-        scale = std::min(FieldNumber(AppState.TextCutting[FieldScale]), LargestScale);
+        scale = FieldNumber(AppState.TextCutting[FieldScale]);
     }
     RestoreShadow();
     for (std::size_t i = 1; i < AppState.ProfileTable.size(); ++i) {
         AppState.ProfileTable[i].Side = 1.0;
     }
-    TransformPart(ToRadians(angleDeg), mirror, scale);
+    TransformPart(ToRadians(angleDeg), mirror, std::min(scale, LargestScale));
     if (mirror > 0) {
         std::int16_t largest = 0;
         ComputeProfileAreas(largest);
