@@ -1,5 +1,6 @@
 // Angle, mirror and scale of the part: each change starts from the untransformed copy, so nothing accumulates.
 #include "config/Korvanta_Utility.h"
+#include "profile/ElementSteps.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "profile/ProfileSlots.h"
@@ -15,19 +16,6 @@ constexpr double LargestScale =
 constexpr std::int16_t MirrorX = 1;
 constexpr std::int16_t MirrorY = 2;
 constexpr std::int16_t MirrorXY = 3;
-
-/// Coefficients of a line after its points have moved. A line without length keeps the old ones.
-void RenewLine(ProfileElement& element)
-{
-    GeoLine line{0.0, element.GeoA, element.GeoB, element.GeoC};
-    std::int16_t err = 0;
-    r_pp(line, {0.0, element.StartX, element.StartY, 0.0}, {0.0, element.EndX, element.EndY, 0.0}, err);
-    if (err == 0) {
-        element.GeoA = line[1];
-        element.GeoB = line[2];
-        element.GeoC = line[3];
-    }
-}
 
 void RotatePoint(double& x, double& y, double cosine, double sine)
 {

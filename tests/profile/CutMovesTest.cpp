@@ -24,7 +24,7 @@ struct ExpectedMove {
 
 class CutMoves : public ::testing::Test
 {
-  protected:
+protected:
     void SetUp() override
     {
         StartCase();
@@ -79,7 +79,7 @@ TEST_F(CutMoves, SquareWithDefaults)
             {0, 1, 0, 100},
             {0, 1, 0, 0}, // and its head
             {0, 3, 10, 0}});
-    EXPECT_EQ(List[2].CentreX, 10.0);
+    EXPECT_NEAR(List[2].CentreX, 10.0, Near);
     EXPECT_NEAR(List[2].CentreY, 5.0, Near);
     EXPECT_EQ(List[2].Radius, 5.0);
     // The side (100, 0) to (100, 100): its left normal is (-1, 0), so x = 100 is -x + 100 = 0.

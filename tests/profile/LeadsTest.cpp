@@ -15,7 +15,7 @@ constexpr double Near = 1e-9;
 
 class Leads : public ::testing::Test
 {
-  protected:
+protected:
     void SetUp() override
     {
         StartCase();
@@ -72,7 +72,8 @@ void SetLead(Flag& lineOn, double& length, Flag& arcOn, double& radius, double n
 
 void SetLeadIn(ProfileRecord& record, double length, double radius)
 {
-    SetLead(record.LeadInLineOn, record.LeadInLength, record.LeadInArcOn, record.LeadInRadius, length, radius);
+    SetLead(record.LeadInLineOn, record.LeadInLength, record.LeadInArcOn, record.LeadInRadius, length,
+            radius);
 }
 
 void SetLeadOut(ProfileRecord& record, double length, double radius)
@@ -569,7 +570,7 @@ TEST_F(Leads, ProfileWithoutLengthOrRadius)
     SetLeadOut(Record(1), 1.0, 1.0);
     Build(1);
     ExpectFinite(Records);
-    ExpectPlace(Records[2], KindEnd, 5.0, 5.0);
+    ExpectPlace(Records[1], KindEnd, 5.0, 5.0);
     Build(2);
     ExpectFinite(Records);
     EXPECT_EQ(Record(2).LeadElement, 3);

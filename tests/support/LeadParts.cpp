@@ -30,8 +30,8 @@ void AddBulge(PlanePoint start, PlanePoint end, double bulge, std::int16_t sense
     const double radius = std::hypot(dx, dy) * (1 + bulge * bulge) / (4 * bulge);
     const double towardsCentre = (1 - bulge * bulge) / (4 * bulge); // in chords, to the left
     AddArc(start, end,
-           {(start[0] + end[0]) / 2 - dy * towardsCentre, (start[1] + end[1]) / 2 + dx * towardsCentre}, radius,
-           sense);
+           {(start[0] + end[0]) / 2 - dy * towardsCentre, (start[1] + end[1]) / 2 + dx * towardsCentre},
+           radius, sense);
 }
 
 void AddEnd(std::int16_t kind, double area, double profileClass)
@@ -69,8 +69,8 @@ double MoveLength(const std::vector<CutMove>& list, std::size_t j)
     const CutMove& move = list[j];
     const CutMove& next = list[j + 1];
     if (move.Kind == KindArc) {
-        return std::fabs(move.Radius) * amparco(move.CentreX, move.CentreY, move.X, move.Y, next.X, next.Y,
-                                                move.Radius < 0 ? -1 : 1);
+        return std::fabs(move.Radius) *
+               amparco(move.CentreX, move.CentreY, move.X, move.Y, next.X, next.Y, move.Radius < 0 ? -1 : 1);
     }
     return move.Kind == KindLine ? dpp(move.X, move.Y, next.X, next.Y) : 0.0;
 }
