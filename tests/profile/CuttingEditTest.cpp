@@ -3,7 +3,7 @@
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "shell/ValueFields.h"
-#include "support/PartTables.h"
+#include "support/LeadParts.h"
 #include "support/RecordingScreen.h"
 
 #include <gtest/gtest.h>
