@@ -22,6 +22,7 @@
 namespace
 {
 namespace fs = std::filesystem;
+using namespace std::string_view_literals;
 
 std::string Read(const std::string& path)
 {
@@ -253,7 +254,7 @@ bool FoldedEqual(std::string_view a, std::string_view b)
 
 std::string RandomText(std::mt19937& random, std::size_t length)
 {
-    static constexpr std::string_view Alphabet("[]==;ssSkKtT \r\n\n\n\"'\0\x1a\xff\xfe?", 30);
+    constexpr std::string_view Alphabet = "[]==;ssSkKtT \r\n\n\n\"'\0\x1a\xff\xfe?"sv;
     constexpr std::string_view Heads[] = {"", "[s]\n", "[S]\r\nK=1\n", "\xff\xfe"};
     std::string text(Heads[random() % 4]);
     while (text.size() < length) {

@@ -1,0 +1,106 @@
+// Any bytes as a key file: the index finds what a walk over the lines finds, and what is written is read back.
+// The first line of the input is section, key and value with tabs between them; the file follows.
+#include "platform/KeyText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace
+{
+constexpr std::size_t BufferSize = 50;
+
+std::string_view CutAt(std::string_view& rest, char end)
+{
+    const std::size_t at = std::min(rest.find(end), rest.size());
+    const std::string_view part = rest.substr(0, at);
+    rest.remove_prefix(std::min(at + 1, rest.size()));
+    return part;
+}
+
+void Require(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
+}
+
+bool FindPlainly(const KeyText& text, std::string_view section, std::string_view key, std::string_view& value)
+{
+    section = NameArgument(section);
+    key = NameArgument(key);
+    std::string_view rest = text.Text;
+    KeyTextLine line;
+    bool inSection = false;
+    while (NextKeyTextLine(rest, line)) {
+        if (line.Kind == KeyTextKind::Header) {
+            if (inSection) {
+                return false;
+            }
+            inSection = IsNamed(text, line.Name, section);
+        } else if (inSection && line.Kind == KeyTextKind::Key && IsNamed(text, line.Name, key)) {
+            value = line.Value;
+            return line.HasValue;
+        }
+    }
+    return false;
+}
+
+/// A name or value that comes back as it was written.
+bool IsPlain(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+               c == '.';
+    });
+}
+
+void CheckLookUp(const KeyText& text, std::string_view section, std::string_view key)
+{
+    std::string_view value;
+    std::string_view plain;
+    const bool found = FindKeyValue(text, section, key, value);
+    Require(found == FindPlainly(text, section, key, plain));
+    Require(!found || value == plain);
+    Require(DeliveredValue(value, BufferSize).size() < BufferSize);
+}
+
+void CheckChanges(const std::string& bytes, std::string_view section, std::string_view key,
+                  std::string_view value)
+{
+    const std::string after = WithKeySet(bytes, section, key, value);
+    const KeyText text = ParseKeyText(after);
+    std::string_view back;
+    const bool found = FindKeyValue(text, section, key, back);
+    if (IsPlain(section) && IsPlain(key) && IsPlain(value)) {
+        Require(found && back == value);
+        Require(WithKeySet(after, section, key, value) == after);
+    }
+    Require(WithoutKey(bytes, section, key).size() <= bytes.size());
+    Require(WithoutSection(bytes, section).size() <= bytes.size());
+}
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    std::string_view rest(reinterpret_cast<const char*>(data), size);
+    std::string_view names = CutAt(rest, '\n');
+    const std::string_view section = CutAt(names, '\t');
+    const std::string_view key = CutAt(names, '\t');
+    const std::string bytes(rest);
+    const KeyText text = ParseKeyText(bytes);
+    CheckLookUp(text, section, key);
+    for (const KeyLine& line : text.Keys) { // the first line of a name is what a look-up of it finds
+        const std::string_view whole = text.Text;
+        const SectionLine& header = text.Sections[line.Section];
+        CheckLookUp(text, whole.substr(header.NameStart, header.NameLength),
+                    whole.substr(line.NameStart, line.NameLength));
+    }
+    Require(ListKeys(text, section).size() <= text.Text.size() + 1);
+    Require(ListSections(text).size() <= text.Text.size() + 1);
+    CheckChanges(bytes, section, key, names);
+    return 0;
+}
