@@ -114,17 +114,12 @@ double SignedArea(const std::vector<Point>& points)
     return area;
 }
 
-bool Inside(const std::vector<Point>& points, Point p)
+/// On which side of the first move of the contour the lead begins: above 0 left.
+double LeadSide(const Cut& cut)
 {
-    bool inside = false;
-    for (std::size_t i = 0, j = points.size() - 1; i < points.size(); j = i++) {
-        const Point& a = points[i];
-        const Point& b = points[j];
-        if ((a.Y > p.Y) != (b.Y > p.Y) && p.X < (b.X - a.X) * (p.Y - a.Y) / (b.Y - a.Y) + a.X) {
-            inside = !inside;
-        }
-    }
-    return inside;
+    const Point& from = cut.Contour[0];
+    const Point& to = cut.Contour[1];
+    return (to.X - from.X) * (cut.LeadStart.Y - from.Y) - (to.Y - from.Y) * (cut.LeadStart.X - from.X);
 }
 
 std::vector<Cut> Sides::ProgramCuts() const
@@ -188,7 +183,7 @@ void Sides::ExpectRightSides(const std::vector<Cut>& cuts, const std::string& wh
         EXPECT_EQ(cut.WordsSeen, 1) << name;
         EXPECT_EQ(cut.Word, scrapLeft ? "G41" : "G42") << name;
         if (cut.LeadMoves == 2) {
-            EXPECT_EQ(Inside(cut.Contour, cut.LeadStart), scrapInside) << name;
+            EXPECT_EQ(LeadSide(cut) > 0, scrapLeft) << name;
         }
     }
 }
