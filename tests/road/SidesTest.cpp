@@ -114,6 +114,12 @@ double SignedArea(const std::vector<Point>& points)
     return area;
 }
 
+/// True when the first move of the contour is long enough to tell its direction through the rounding of the program.
+bool DirectionShows(const Cut& cut)
+{
+    return std::hypot(cut.Contour[1].X - cut.Contour[0].X, cut.Contour[1].Y - cut.Contour[0].Y) > 0.1;
+}
+
 /// On which side of the first move of the contour the lead begins: above 0 left.
 double LeadSide(const Cut& cut)
 {
@@ -182,7 +188,7 @@ void Sides::ExpectRightSides(const std::vector<Cut>& cuts, const std::string& wh
         const bool scrapLeft = scrapInside == (area > 0);
         EXPECT_EQ(cut.WordsSeen, 1) << name;
         EXPECT_EQ(cut.Word, scrapLeft ? "G41" : "G42") << name;
-        if (cut.LeadMoves == 2) {
+        if (cut.LeadMoves == 2 && DirectionShows(cut)) {
             EXPECT_EQ(LeadSide(cut) > 0, scrapLeft) << name;
         }
     }
