@@ -176,33 +176,40 @@ struct RawOptions {
     CLI::Option* ProgramOption = nullptr;
 };
 
+/// An option that takes one value each time it is given.
+CLI::Option* AddRepeatable(CLI::App& app, const char* name, const char* typeName,
+                           std::vector<std::string>& values, const char* description)
+{
+    return app.add_option(name, values, description)
+        ->type_name(typeName)
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false);
+}
+
 void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
 {
-    app.set_version_flag("--version", "korvanta-batch, Korvanta V2.28");
+    app.set_version_flag("--version", "korvanta-batch, Korvanta V2.28", "Print the version and exit");
     app.add_option("SOURCE", options.Source,
-                   "A .dxf drawing, or an ISO program with any other extension. A plain name is looked up in "
-                   "DXF_PATH "
-                   "or NC_PATH of the station, a path (also ./NAME) is taken as it is")
+                   "A .dxf drawing, or an ISO program with any other extension.\n"
+                   "A plain name is looked up in DXF_PATH or NC_PATH of the\n"
+                   "station; a path, also ./NAME, is taken as it is")
+        ->type_name("")
         ->required();
-    app.add_option(
-           "--station", options.Station,
-           "Folder of the station: Korvanta.ini, Korvanta_MSG.TXT, post-processor table. Default: where "
-           "korvanta-batch lies")
+    app.add_option("--station", options.Station,
+                   "Folder of the station: Korvanta.ini, Korvanta_MSG.TXT,\n"
+                   "post-processor table (default: where korvanta-batch lies)")
         ->type_name("DIR");
     app.add_option("--language", options.Language, "Language of messages, instead of the configured one")
         ->type_name("N")
-        ->check(CLI::Range(1, LanguageColumns));
-    raw.SetOption =
-        app.add_option("--set", raw.Sets, "Type VALUE into a field (repeatable, done in the order given)")
-            ->type_name("CAPTION=VALUE")
-            ->allow_extra_args(false);
-    raw.KeyOption = app.add_option("--key", raw.Keys,
-                                   "Press a key of the Cutting screen (repeatable, in order with --set)")
-                        ->type_name("NAME")
-                        ->allow_extra_args(false);
-    app.add_option("--input", raw.Inputs, "Answer to question #V1 .. #V8 of the post-processor table")
-        ->type_name("N=VALUE")
-        ->allow_extra_args(false);
+        ->check(CLI::Range(1, LanguageColumns).description(""));
+    raw.SetOption = AddRepeatable(app, "--set", "\"CAPTION=VALUE\"", raw.Sets,
+                                  "Type VALUE into a field (repeatable, in the order given)");
+    raw.KeyOption =
+        AddRepeatable(app, "--key", "NAME", raw.Keys,
+                      "Press a key of the Cutting screen (repeatable, in the same\norder as --set)");
+    AddRepeatable(app, "--input", "N=VALUE", raw.Inputs,
+                  "Answer to question #V1 .. #V8 of the post-processor table\n(repeatable)");
     raw.ProgramOption = app.add_option("--program", options.Program, "Write the NC program NAME into NC_PATH")
                             ->type_name("NAME");
     app.add_option("--out", options.Out, "Write the program into DIR instead (made when missing)")

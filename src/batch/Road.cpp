@@ -130,13 +130,13 @@ void RunStep(const BatchStep& step)
     }
 }
 
-std::int64_t CountCopies()
+/// Copies that a program of the nest holds.
+std::int64_t CopiesOfNest()
 {
     double originX = 0.0;
     double originY = 0.0;
     ProgramOrigin(originX, originY);
-    return WalkCopies(
-        originX, originY, [](double, double, void*) { return true; }, nullptr);
+    return CountCopies(originX, originY);
 }
 
 void WarnOpenProfiles()
@@ -226,7 +226,7 @@ int RunRoad(const BatchOptions& options)
     if (!options.Program.empty()) {
         SaveProgram(options);
     }
-    const std::int64_t copies = options.Program.empty() ? CountCopies() : AppState.ProgramCopies;
+    const std::int64_t copies = options.Program.empty() ? CopiesOfNest() : AppState.ProgramCopies;
     if (!options.Quiet) {
         WarnOpenProfiles();
         PrintResults(options, copies);

@@ -3,6 +3,7 @@
 #include "config/Korvanta_Utility.h"
 #include "config/PprValues.h"
 #include "nesting/Korvanta_CutTecnology.h"
+#include "platform/Fault.h"
 #include "platform/Paths.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "shell/ValueFields.h"
@@ -15,6 +16,9 @@
 
 namespace
 {
+/// The text is held in memory; more copies than this are a slip of the keyboard, and would fill it.
+constexpr std::int64_t MaxListedCopies = 4000000;
+
 /// JSON text being written. The library's own writer gives the shortest digits, not 17, so only its quoting of texts
 /// is used. Values are separated by commas; a line break ahead of each one of a list keeps the text readable.
 struct JsonText {
@@ -247,11 +251,14 @@ void Nest(JsonText& out)
     Member(out, "CountY", AppState.CountY);
     Member(out, "NestResultX", AppState.NestResultX);
     Member(out, "NestResultY", AppState.NestResultY);
-    Key(out, "Copies");
-    Open(out, '[');
     double originX = 0.0;
     double originY = 0.0;
     ProgramOrigin(originX, originY);
+    if (CountCopies(originX, originY) > MaxListedCopies) {
+        throw RunTimeFault("the nest has too many copies to list them as JSON");
+    }
+    Key(out, "Copies");
+    Open(out, '[');
     WalkCopies(originX, originY, AddCopy, &out);
     Close(out, ']');
     Close(out, '}');
