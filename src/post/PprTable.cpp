@@ -1,9 +1,9 @@
 // Stage 1 of a program run: the words of the post-processor table and the operator's answers.
 #include "post/Korvanta_PostProcessor.h"
 
+#include "config/JobKeys.h"
 #include "config/Korvanta_Utility.h"
 #include "platform/Fault.h"
-#include "platform/ProfileStrings.h"
 #include "platform/Screen.h"
 
 #include <algorithm>
@@ -14,7 +14,6 @@ constexpr std::string_view ConfigSection = "PartProgram_CONFIG";
 constexpr std::string_view InputSection = "PartProgram_INPUT";
 constexpr std::string_view MirrorMark = "*&";
 constexpr std::string_view JobExtension = ".nst";
-constexpr std::size_t JobKeySize = 50;
 constexpr std::size_t InputFields = 4;
 
 /// A text of the table that stays in AppState until the next load.
@@ -117,8 +116,7 @@ void LoadInputSlots()
             continue;
         }
         SplitInputKey(text, key, slot);
-        const std::string stored = ZeroTerminated(
-            ReadProfileString(AppState.NestingPath + jobFile, "0004", "V" + number, "", JobKeySize));
+        const std::string stored = ReadJobKey(jobFile, "0004", "V" + number, "");
         if (!stored.empty()) {
             slot.Value = stored;
         }

@@ -1,5 +1,5 @@
 // Keys of a job file.
-#include "jobfiles/JobKeys.h"
+#include "config/JobKeys.h"
 #include "state/AppState.h"
 #include "support/RecordingScreen.h"
 #include "support/TempFolder.h"

@@ -1,4 +1,4 @@
-#include "jobfiles/JobKeys.h"
+#include "config/JobKeys.h"
 
 #include "config/Korvanta_Utility.h"
 #include "platform/ProfileStrings.h"

@@ -1,4 +1,4 @@
-// JobKeys.h -- reading the keys of a job file.
+// JobKeys.h -- reading the keys of a job file. It stands here, below the generator, because the input block asks it.
 #pragma once
 
 #include <string>
