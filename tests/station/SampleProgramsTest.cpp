@@ -207,4 +207,19 @@ TEST(PlainTable, MarksEveryCopyAndListsTheLimits)
     }
     EXPECT_EQ(lines.back(), "%");
 }
+
+TEST(PlainTable, WritesWhatIsoInReadsBack)
+{
+    const TempFolder station;
+    CopyStation(station, "PPR.ini");
+    CutSample(station, "BRACKET");
+    EnterInputScreen();
+    ASSERT_TRUE(OpenImport(ImportKind::Program, station.Path + "/NC/BRACKET.nc"));
+    EXPECT_EQ(AppState.ProfileCount, 6 * 5);
+    // the drawing's own length, and for each cut a lead of 2 with a quarter arc of radius 1; three decimals a move
+    const double outline = 330.0 + 5 * (Pi / 2 * 10) + Pi / 2 * 15;
+    const double inner = 2 * (2 * Pi * 4.5) + 2 * 20 + 2 * Pi * 5.5 + 4 * 20;
+    const double leads = 5 * (2.0 + Pi / 2);
+    EXPECT_NEAR(AppState.TotalCutLength, 6 * (outline + inner + leads), 0.5);
+}
 } // namespace
