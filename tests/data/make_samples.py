@@ -113,7 +113,7 @@ def gasket():
     bore.weights = [1, w, 1, w, 1, w, 1, w, 1]
     space.add_circle((160, 60), 35)
 
-    space.add_ellipse((110, 60), major_axis=(0, 20), ratio=0.3)
+    space.add_ellipse((110, 60), major_axis=(0, 20), ratio=0.4)
     for x in (20, 200):
         for y in (20, 100):
             space.add_circle((x, y), 5)
