@@ -3,8 +3,9 @@
 // The rule is a search: what follows the element in slot i is the element in the LOWEST slot above i that has an end
 // closer than the tolerance to its end point. A search through all slots would take quadratic time, so the end points
 // are kept as places in a grid of cells, and each place keeps the slots of the elements that meet there as a heap with
-// the lowest on top. Swaps change slots: a moved element is added to its places under its new slot, and entries
-// that no longer tell the truth are thrown away when they come to the top.
+// the lowest on top. An element that gives way to a follower moves from slot i + 1, the lowest there is, so its entry
+// is on top of its places' heaps and is replaced there. The entries of elements that have found their place stay behind;
+// they are thrown away when they come to the top.
 #include "profile/ElementSteps.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "profile/ProfileSlots.h"
@@ -28,15 +29,17 @@ constexpr std::int32_t None = -1;
 struct Place {
     double X = 0.0;
     double Y = 0.0;
-    std::int32_t Next = None;        ///< next place of the same bucket
-    std::int32_t Live = 0;           ///< ends of elements above the current slot
-    std::vector<std::int32_t> Slots; ///< heap, lowest on top; may hold entries that are true no more
+    std::int32_t Next = None; ///< next place of the same bucket
+    std::int32_t Live = 0;    ///< ends of elements above the current slot
+    std::int32_t First = 0;   ///< its heap in Slots
+    std::int32_t Size = 0;
 };
 
 struct ChainIndex {
     std::vector<std::int32_t> Buckets; ///< first place of each, a power of two of them
     std::vector<Place> Places;
     std::vector<std::array<std::int32_t, 2>> PlacesOf; ///< by slot: the two places of its element
+    std::vector<std::int32_t> Slots;                   ///< the heaps of all places, one behind the other
 };
 
 Place& PlaceAt(ChainIndex& index, std::int32_t place)
@@ -79,14 +82,21 @@ std::int32_t FindPlace(ChainIndex& index, double x, double y)
     place.Y = y;
     place.Next = bucket;
     bucket = static_cast<std::int32_t>(index.Places.size());
-    index.Places.push_back(std::move(place));
+    index.Places.push_back(place);
     return bucket;
 }
 
-void AddSlot(Place& place, std::int32_t slot)
+/// The heap of a place: lowest slot first.
+std::int32_t* HeapOf(ChainIndex& index, const Place& place)
 {
-    place.Slots.push_back(slot);
-    std::push_heap(place.Slots.begin(), place.Slots.end(), std::greater<>());
+    return index.Slots.data() + place.First;
+}
+
+void DropLowest(ChainIndex& index, Place& place)
+{
+    std::int32_t* heap = HeapOf(index, place);
+    std::pop_heap(heap, heap + place.Size, std::greater<>());
+    --place.Size;
 }
 
 void BuildIndex(ChainIndex& index)
@@ -95,31 +105,52 @@ void BuildIndex(ChainIndex& index)
     index.Buckets.assign(std::bit_ceil(2 * count + 1), None);
     index.Places.reserve(count + count / 4);
     index.PlacesOf.resize(count + 1);
+    index.Slots.resize(2 * count);
     for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
         const ProfileElement& element = ElementAt(slot);
         const std::int32_t start = FindPlace(index, element.StartX, element.StartY);
         const std::int32_t end = FindPlace(index, element.EndX, element.EndY);
         PlacesAt(index, slot) = {start, end};
-        for (const std::int32_t place : {start, end}) {
-            AddSlot(PlaceAt(index, place), slot);
-            ++PlaceAt(index, place).Live;
+        ++PlaceAt(index, start).Live;
+        ++PlaceAt(index, end).Live;
+    }
+    std::int32_t first = 0;
+    for (Place& place : index.Places) {
+        place.First = first;
+        first += place.Live;
+    }
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        for (const std::int32_t at : PlacesAt(index, slot)) {
+            Place& place = PlaceAt(index, at);
+            HeapOf(index, place)[place.Size++] = slot; // ascending: a heap as it is
         }
     }
 }
 
 /// The lowest slot above `current` with an end at a place that has such a slot.
-std::int32_t LowestSlot(ChainIndex& index, std::int32_t place, std::int32_t current)
+std::int32_t LowestSlot(ChainIndex& index, std::int32_t at, std::int32_t current)
 {
-    std::vector<std::int32_t>& slots = PlaceAt(index, place).Slots;
+    Place& place = PlaceAt(index, at);
     for (;;) {
-        const std::int32_t slot = slots.front();
+        const std::int32_t slot = *HeapOf(index, place);
         const std::array<std::int32_t, 2>& ends = PlacesAt(index, slot);
-        if (slot > current && (ends[0] == place || ends[1] == place)) {
+        if (slot > current && (ends[0] == at || ends[1] == at)) {
             return slot;
         }
-        std::pop_heap(slots.begin(), slots.end(), std::greater<>());
-        slots.pop_back();
+        DropLowest(index, place);
     }
+}
+
+/// Enters slot `to` at a place for the element that moves there from slot `from`, the lowest above the current one.
+void MoveEntry(ChainIndex& index, Place& place, std::int32_t from, std::int32_t to)
+{
+    std::int32_t* heap = HeapOf(index, place);
+    while (*heap < from) {
+        DropLowest(index, place);
+    }
+    std::pop_heap(heap, heap + place.Size, std::greater<>());
+    heap[place.Size - 1] = to;
+    std::push_heap(heap, heap + place.Size, std::greater<>());
 }
 
 /// Looks through one bucket for a lower slot than `lowest` (0 for none yet) near the point. Places that no element
@@ -193,7 +224,7 @@ void LinkFollower(ChainIndex& index, std::int32_t current, std::int32_t found)
     std::swap(ElementAt(current + 1), follower);
     std::swap(PlacesAt(index, current + 1), PlacesAt(index, found));
     for (const std::int32_t place : PlacesAt(index, found)) {
-        AddSlot(PlaceAt(index, place), found);
+        MoveEntry(index, PlaceAt(index, place), current + 1, found);
     }
 }
 } // namespace
