@@ -26,6 +26,8 @@ std::string TempFolder::Write(const std::string& name, std::string_view content)
 {
     const std::filesystem::path path = std::filesystem::path(Path) / name;
     std::filesystem::create_directories(path.parent_path());
+    std::filesystem::remove(
+        path); // some file systems put a file that is cut and rewritten on the disk at once: slow
     std::ofstream file(path, std::ios::binary);
     file.write(content.data(), static_cast<std::streamsize>(content.size()));
     return path.string();
