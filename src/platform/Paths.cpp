@@ -160,7 +160,7 @@ std::string NativePath(const std::string& path)
     }
     std::string_view rest = path;
     std::string native = NativeRoot(rest);
-    const std::string exact = Appended(native, rest);
+    std::string exact = Appended(native, rest);
     if (exact.empty()) {
         return ".";
     }
