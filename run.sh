@@ -20,7 +20,7 @@ if [ $# -gt 0 ]; then
 fi
 
 "$station/korvanta-batch" BRACKET.dxf --program BRACKET \
-    --set "LeadIn : A=6" --set "LeadIn : B=3" --key CopyLeads \
+    --set "Move Step=1" --set "LeadIn : A=3" --set "LeadIn : B=1.5" --key CopyLeads \
     --set "X Sheet=1000" --set "Y Sheet=500" --set "Kerf=1.2" --set "X Gap=8" --set "Y Gap=8" --set "Nesting=1"
 program=$(find "$station" -name 'BRACKET*' -path '*PROGRAM*' ! -name '*.part' | head -n 1)
 echo

@@ -174,6 +174,5 @@ bool ImportDxf(std::string& name)
     AppState.ImportRead = account.Read;
     AppState.ImportLeftOut = account.LeftOut;
     RestoreLoosePoints(account);
-    NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY);
-    return true;
+    return NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY);
 }

@@ -114,7 +114,9 @@ bool ImportMoves(const std::string& name)
     if (!ReadIsoFile(path)) {
         return false;
     }
-    NormaliseImport(ImportSides::Program, 0.0, 0.0);
+    if (!NormaliseImport(ImportSides::Program, 0.0, 0.0)) {
+        return false;
+    }
     return AppState.TotalCutLength > 0.0 || Fail("the program holds no move that cuts");
 }
 } // namespace
