@@ -10,8 +10,8 @@ namespace
 {
 
 /// Together below the 0.005 that is promised; the rest is for the rounding to 32-bit floats.
-constexpr double DenseError = 0.0015;
-constexpr double ThinError = 0.0027;
+constexpr double DenseError = 0.001;
+constexpr double ThinError = 0.0033;
 
 constexpr int MaxSplits = 14;         ///< of one piece: 16384 chords at most
 constexpr std::size_t LookAhead = 48; ///< dense points that one chord may pass over

@@ -36,3 +36,26 @@ std::string DrawingOf(std::string_view entities, std::string_view blocks = "");
 
 /// DrawingOf read at once.
 DxfResult ReadEntities(std::string_view entities, std::string_view blocks = "");
+
+// --- what the cases ask of vertex lists --------------------------------------------------------------------
+
+struct CurvePoint {
+    double X = 0.0;
+    double Y = 0.0;
+};
+
+/// Least distance of neighbouring vertices.
+double LeastStep(const DxfRecord& record);
+
+/// Largest distance of the sample points from the vertex list.
+double LargestMiss(const DxfRecord& record, const std::vector<CurvePoint>& samples);
+
+/// Fails unless the record is a curve that follows the samples: chord error, spacing, both ends.
+void ExpectFollows(const DxfRecord& record, const std::vector<CurvePoint>& samples);
+
+/// Fails unless the record is an arc with these values.
+void ExpectArc(const DxfRecord& record, std::int16_t kind, CurvePoint centre, double radius, CurvePoint start,
+               CurvePoint end);
+
+/// Fails unless the record is that vertex list (to 1e-4).
+void ExpectRun(const DxfRecord& record, std::int16_t kind, const std::vector<CurvePoint>& points);
