@@ -218,6 +218,7 @@ void ReadPolyline(DxfParser& parser, DxfShape& shape)
     parser.Paper = paper; // the vertices don't decide where the polyline stands
     if ((flags & PolylineMeshes) != 0) {
         shape.Type = DxfShapeType::Ignored;
+        shape.Kind = DxfIgnored;
     }
 }
 

@@ -15,6 +15,7 @@ constexpr double ThinError = 0.0033;
 
 constexpr int MaxSplits = 14;         ///< of one piece: 16384 chords at most
 constexpr std::size_t LookAhead = 48; ///< dense points that one chord may pass over
+constexpr double HopelessMiss = 0.02; ///< where a chord misses by as much, a longer one won't do better
 
 using Piece = std::array<WeightedPoint, MaxSplineDegree + 1>;
 
@@ -83,6 +84,7 @@ struct Thinning {
     const std::vector<PlanePoint>& Dense;
     std::vector<PlanePoint>& Vertices;
     double SquaredSpacing;
+    bool Forced = false; ///< a chord had to be taken that doesn't fit
 
     bool Apart(const PlanePoint& a, const PlanePoint& b) const
     {
@@ -101,8 +103,8 @@ bool ChordFits(const Thinning& t, const PlanePoint& from, std::size_t first, std
 }
 
 /// The farthest dense point of first .. last to which the chord from `from` still fits; the first one far enough away
-/// when none fits; last + 1 when none is far enough.
-std::size_t NextVertex(const Thinning& t, const PlanePoint& from, std::size_t first, std::size_t last)
+/// when none fits (t.Forced then); last + 1 when none is far enough.
+std::size_t NextVertex(Thinning& t, const PlanePoint& from, std::size_t first, std::size_t last)
 {
     std::size_t best = last + 1;
     for (std::size_t j = first; j <= last; ++j) {
@@ -117,58 +119,106 @@ std::size_t NextVertex(const Thinning& t, const PlanePoint& from, std::size_t fi
         } else if (!fits && any) {
             break;
         } else if (apart) {
+            t.Forced = true;
             return j;
         }
     }
     return best;
 }
 
-/// The last chord of a stretch came out too short: its vertex moves to where both chords are longest, or falls away.
-void EvenLastChord(Thinning& t, std::size_t first, std::size_t last)
+/// How a dense point is best reached: the smallest error of the worst chord, then the fewest chords.
+struct BestWay {
+    double Worst = HUGE_VAL; ///< squared; the tolerance when all is well
+    std::size_t Chords = 0;
+    std::size_t From = 0;
+};
+
+/// Tries every chord from way point i; way point 0 is `start`, k stands for dense point first + k - 1.
+void TryChords(const Thinning& t, const PlanePoint& start, std::size_t first, std::size_t i,
+               std::vector<BestWay>& ways)
 {
-    const PlanePoint before = t.Vertices[t.Vertices.size() - 2];
-    const PlanePoint& end = t.Dense[last];
-    std::size_t best = last;
-    double bestReach = t.SquaredSpacing;
-    for (std::size_t i = first; i < last; ++i) {
-        const double reach = std::min(SquaredDistance(before, t.Dense[i]), SquaredDistance(t.Dense[i], end));
-        if (reach > bestReach) {
-            bestReach = reach;
-            best = i;
+    const auto point = [&](std::size_t k) -> const PlanePoint& {
+        return k == 0 ? start : t.Dense[first + k - 1];
+    };
+    bool any = false;
+    for (std::size_t j = i + 1; j < ways.size() && j - i <= (any ? LookAhead : 4 * LookAhead); ++j) {
+        if (!t.Apart(point(i), point(j))) {
+            continue;
         }
-    }
-    if (best == last) {
-        t.Vertices.pop_back();
-    } else {
-        t.Vertices.back() = t.Dense[best];
+        any = true;
+        double miss = ThinError * ThinError;
+        for (std::size_t k = i + 1; k < j; ++k) {
+            miss = std::max(miss, SquaredMiss(point(k), point(i), point(j)));
+        }
+        const double worst = std::max(miss, ways[i].Worst);
+        if (worst < ways[j].Worst || (worst <= ways[j].Worst && ways[i].Chords + 1 < ways[j].Chords)) {
+            ways[j] = {worst, ways[i].Chords + 1, i};
+        }
+        if (miss > HopelessMiss * HopelessMiss) {
+            break;
+        }
     }
 }
 
-/// Chooses vertices of the stretch first .. last behind the vertex chosen last. Its end becomes a vertex unless it is too
-/// close to that one.
-void ThinStretch(Thinning& t, std::size_t first, std::size_t last)
+/// The careful choice for a stretch with bends as small as the spacing: of all ways from the vertex chosen last to the
+/// stretch's end the best one. False, and nothing chosen, when there is none.
+bool ChooseBestWay(Thinning& t, std::size_t first, std::size_t last)
+{
+    const PlanePoint start = t.Vertices.back();
+    std::vector<BestWay> ways(last - first + 2);
+    ways[0].Worst = 0.0;
+    for (std::size_t i = 0; i + 1 < ways.size(); ++i) {
+        if (ways[i].Worst < HUGE_VAL) {
+            TryChords(t, start, first, i, ways);
+        }
+    }
+    if (!(ways.back().Worst < HUGE_VAL)) {
+        return false;
+    }
+    const std::size_t before = t.Vertices.size();
+    for (std::size_t i = ways.size() - 1; i > 0; i = ways[i].From) {
+        t.Vertices.push_back(t.Dense[first + i - 1]);
+    }
+    std::reverse(t.Vertices.begin() + static_cast<std::ptrdiff_t>(before), t.Vertices.end());
+    return true;
+}
+
+/// Chooses vertices of the stretch first .. last behind the vertex chosen last: the farthest one at each step, or with
+/// care when that doesn't come out. The stretch's end becomes a vertex unless it is too close to the others. Returns
+/// where the next stretch begins: at `first` again when this one is too short for a vertex.
+std::size_t ThinStretch(Thinning& t, std::size_t first, std::size_t last)
 {
     const std::size_t before = t.Vertices.size();
-    std::size_t previous = first;
     std::size_t at = first;
+    t.Forced = false;
     while (at <= last) {
         const std::size_t next = NextVertex(t, t.Vertices.back(), at, last);
         if (next > last) {
             break;
         }
         t.Vertices.push_back(t.Dense[next]);
-        previous = at;
         at = next + 1;
     }
-    if (at > last) {
-        return; // the end itself was chosen
+    if (at > last && !t.Forced) {
+        return last + 1; // the end itself was chosen, and every chord fits
     }
-    if (t.Vertices.size() > before) {
-        EvenLastChord(t, previous, last);
-        if (t.Apart(t.Vertices.back(), t.Dense[last])) {
-            t.Vertices.push_back(t.Dense[last]);
-        }
+    const std::vector<PlanePoint> plain(t.Vertices.begin() + static_cast<std::ptrdiff_t>(before),
+                                        t.Vertices.end());
+    t.Vertices.resize(before);
+    if (ChooseBestWay(t, first, last)) {
+        return last + 1;
     }
+    if (plain.empty()) {
+        return first;
+    }
+    t.Vertices.insert(t.Vertices.end(), plain.begin(), plain.end());
+    while (t.Vertices.size() > before && !t.Apart(t.Vertices.back(), t.Dense[last])) {
+        t.Vertices.pop_back();
+    }
+    if (t.Apart(t.Vertices.back(), t.Dense[last])) {
+        t.Vertices.push_back(t.Dense[last]);
+    }
+    return last + 1;
 }
 
 /// The curve's end is exact, whatever must go for it.
@@ -211,8 +261,7 @@ void FlattenPieces(const CurvePieces& pieces, std::size_t first, std::size_t las
     Thinning thinning{dense, vertices, spacing * spacing};
     std::size_t from = 1;
     for (const std::size_t corner : corners) {
-        ThinStretch(thinning, from, corner);
-        from = corner + 1;
+        from = ThinStretch(thinning, from, corner);
     }
     FixEnd(thinning);
 }

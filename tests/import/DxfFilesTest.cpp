@@ -23,7 +23,8 @@ protected:
         const double y = origin.Y;
         ExpectArc(Result.Records[first], DxfCircle, {x, y}, 2, {x + 2, y}, {x + 2, y});
         ExpectArc(Result.Records[first + 1], DxfArc, {x + 10, y}, 5, {x + 15, y}, {x + 10, y + 5});
-        EXPECT_EQ(Result.Records[first + 2].Entity.P1, (DxfPoint3{static_cast<float>(x), static_cast<float>(y), 0}));
+        EXPECT_EQ(Result.Records[first + 2].Entity.P1,
+                  (DxfPoint3{static_cast<float>(x), static_cast<float>(y), 0}));
     }
 };
 
@@ -115,11 +116,12 @@ TEST_P(DxfSampler, LeavesOutTextsHatchesDimensionsAndPaperSpace)
     std::map<std::string, std::int64_t> leftOut{{"TEXT", 1}};
     if (!IsOldest()) {
         leftOut = {{"TEXT", 1}, {"MTEXT", 1}, {"HATCH", 1}, {"DIMENSION", 1}, {"LINE", 1}};
-        EXPECT_EQ(Result.Ignored, (std::vector<std::int16_t>{15, 16, 17, 17})) << "paper space isn't handed out";
+        EXPECT_EQ(Result.Ignored, (std::vector<std::int16_t>{15, 16, 17, 17}))
+            << "paper space isn't handed out";
     }
     EXPECT_EQ(Result.Account.LeftOut, leftOut);
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, DxfSampler,
-                         testing::Values("R12", "R12_binary", "R2000", "R2000_binary", "R2004", "R2007", "R2010",
-                                         "R2013", "R2018", "R2018_binary"));
+                         testing::Values("R12", "R12_binary", "R2000", "R2000_binary", "R2004", "R2007",
+                                         "R2010", "R2013", "R2018", "R2018_binary"));

@@ -124,7 +124,8 @@ TEST(DxfNumber, TakesTheFormsThatWritersUse)
 
 TEST(DxfNumber, KnowsWhatIsNone)
 {
-    for (const char* text : {"nan", "-nan", "NaN", "inf", "-inf", "Infinity", "1.#QNAN", "-1.#IND", "1.#INF", "1e999"}) {
+    for (const char* text :
+         {"nan", "-nan", "NaN", "inf", "-inf", "Infinity", "1.#QNAN", "-1.#IND", "1.#INF", "1e999"}) {
         EXPECT_TRUE(std::isnan(GroupNumber(TextGroup(text)))) << text;
         EXPECT_EQ(GroupInteger(TextGroup(text)), 0) << text;
     }
@@ -143,18 +144,21 @@ TEST(DxfScan, TakesAnyLineEnd)
 
 TEST(DxfScan, TakesBlanksMarksAndNoLastLineEnd)
 {
-    ExpectTheLine(ReadDxf("\xEF\xBB\xBF  0\nSECTION\n  2  \nENTITIES\n\t0\n LINE \n 10\n 1 \n 20\n2\n 11\n3\n 21\n4"));
+    ExpectTheLine(
+        ReadDxf("\xEF\xBB\xBF  0\nSECTION\n  2  \nENTITIES\n\t0\n LINE \n 10\n 1 \n 20\n2\n 11\n3\n 21\n4"));
 }
 
 TEST(DxfScan, PassesOverCommentsAnywhere)
 {
-    ExpectTheLine(ReadDxf(Groups("999 head|0 SECTION|999 0|2 ENTITIES|999 LINE|0 LINE|10 1|999 between|20 2|11 3|"
-                                 "999 nearly done|21 4|999 x|0 ENDSEC|999 y|0 EOF|999 z")));
+    ExpectTheLine(
+        ReadDxf(Groups("999 head|0 SECTION|999 0|2 ENTITIES|999 LINE|0 LINE|10 1|999 between|20 2|11 3|"
+                       "999 nearly done|21 4|999 x|0 ENDSEC|999 y|0 EOF|999 z")));
 }
 
 TEST(DxfScan, FindsItsStepAgainBehindALineThatIsNoCode)
 {
-    ExpectTheLine(ReadDxf("junk\n0\nSECTION\n2\nENTITIES\n0\nLINE\nwhat\n8\nlayer\n\n10\n1\n20\n2\n11\n3\n21\n4\n0\nEOF\n"));
+    ExpectTheLine(ReadDxf(
+        "junk\n0\nSECTION\n2\nENTITIES\n0\nLINE\nwhat\n8\nlayer\n\n10\n1\n20\n2\n11\n3\n21\n4\n0\nEOF\n"));
 }
 
 TEST(DxfScan, ReadsBothBinaryForms)
@@ -210,8 +214,9 @@ TEST(DxfScan, ReadsADrawingThatIsAllEntities)
 {
     ExpectTheLine(ReadDxf(Groups(std::string("0 SECTION|2 ENTITIES|") + std::string(OneLine))));
     ExpectTheLine(ReadDxf(Groups(OneLine)));
-    ExpectTheLine(ReadDxf(Groups(std::string("0 SECTION|2 HEADER|9 $INSUNITS|70 4|0 ENDSEC|0 SECTION|2 ENTITIES|") +
-                                 std::string(OneLine))));
+    ExpectTheLine(
+        ReadDxf(Groups(std::string("0 SECTION|2 HEADER|9 $INSUNITS|70 4|0 ENDSEC|0 SECTION|2 ENTITIES|") +
+                       std::string(OneLine))));
 }
 
 TEST(DxfScan, RefusesWhatIsNoDrawing)

@@ -1,0 +1,53 @@
+// DxfChecks.h -- reads bytes as a drawing and holds the reader to its promises: every number finite, curves' neighbours apart,
+// arcs counter-clockwise with a radius, vertex lists of two points and more.
+#pragma once
+
+#include "import/DrawingReader.h"
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+struct FuzzedDrawing {
+    std::int64_t Records = 0;
+};
+
+inline void Require(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
+}
+
+inline int CheckEntity(const DxfEntity& entity, void* context)
+{
+    constexpr std::int64_t enough = 100'000;
+    for (const DxfPoint3* point : {&entity.P1, &entity.P2, &entity.P3, &entity.P4}) {
+        for (const float value : *point) {
+            Require(std::isfinite(value));
+        }
+    }
+    Require(entity.Kind >= DxfLine && entity.Kind <= DxfPoint);
+    const bool list = entity.Kind >= DxfPolyline && entity.Kind <= DxfCurve;
+    Require(list ? entity.PointCount >= 2 && entity.Vertices != nullptr : entity.PointCount == 0);
+    for (int i = 0; i < 2 * entity.PointCount; ++i) {
+        Require(std::isfinite(entity.Vertices[i]));
+    }
+    Require(entity.P2[0] >= 0.0F || entity.Kind == DxfLine);
+    return ++static_cast<FuzzedDrawing*>(context)->Records > enough ? 1 : 0;
+}
+
+inline void ReadFuzzed(std::string_view bytes)
+{
+    Drawing* const drawing = OpenDrawingBytes(bytes);
+    if (drawing == nullptr) {
+        return;
+    }
+    FuzzedDrawing seen;
+    DXFEnum(drawing, 0, CheckEntity, &seen);
+    for (const auto& [name, count] : DXFAccount(drawing).Read) {
+        Require(count > 0);
+    }
+    DXFClose(drawing);
+}
