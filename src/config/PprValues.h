@@ -10,5 +10,9 @@
 /// empty PprIniName becomes "PPR.ini".
 std::string ReadPprValue(std::string_view section, std::string_view key, std::string_view defaultValue);
 
+/// The same without a copy, for the walk of a program: the view holds until the next read of any key file or until
+/// `defaultValue` goes.
+std::string_view FindPprValue(std::string_view section, std::string_view key, std::string_view defaultValue);
+
 /// INC_CENTER: arc centres stand relative to the arc's start. Off when the value holds "NO", on for any other value.
 bool ReadIncrementalCentre();

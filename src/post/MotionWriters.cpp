@@ -7,6 +7,8 @@
 
 namespace
 {
+constexpr std::size_t UsualLine = 128; ///< room for a move without growing
+
 /// Trim without a copy.
 std::string_view TrimView(std::string_view text)
 {
@@ -58,7 +60,9 @@ void WriteLinear(std::int16_t file, std::string_view vector)
     std::int16_t count = 0;
     SplitVector(vector, ',', fields, count);
 
-    std::string line = ReadPprValue(section, "INIT_LINE", "");
+    std::string line;
+    line.reserve(UsualLine);
+    line += FindPprValue(section, "INIT_LINE", "");
     line += AppState.LinearCode;
     AppendKerfWord(line, fields[6]);
     AppendWord(line, AppState.AxisX, fields[4]);
@@ -66,7 +70,7 @@ void WriteLinear(std::int16_t file, std::string_view vector)
     AppendMirrorWord(line, AppState.MirrorX, fields[4]);
     AppendMirrorWord(line, AppState.MirrorY, fields[5]);
     line.append(" ").append(AppState.PendingFirstMove);
-    line += ReadPprValue(section, "END_LINE", "");
+    line += FindPprValue(section, "END_LINE", "");
     WriteLine(file, line, true);
     AppState.PendingFirstMove.clear();
 }
@@ -79,7 +83,9 @@ void WriteCircular(std::int16_t file, std::string_view vector)
     SplitVector(vector, ',', fields, count);
     const double radius = TextToNumber(fields[8]);
 
-    std::string line = ReadPprValue(section, "INIT_LINE", "");
+    std::string line;
+    line.reserve(UsualLine);
+    line += FindPprValue(section, "INIT_LINE", "");
     line += radius > 0.0 ? AppState.CounterClockwiseCode : AppState.ClockwiseCode;
     // Field 6 is the centre here and not the side: the word thus waits for the next linear move, and a centre of
     // exactly 1 or -1 writes it. Controls are set up for that; keep it.
@@ -96,6 +102,6 @@ void WriteCircular(std::int16_t file, std::string_view vector)
     AppendMirrorWord(line, AppState.MirrorY, fields[5]);
     AppendMirrorWord(line, AppState.MirrorI, fields[6]);
     AppendMirrorWord(line, AppState.MirrorJ, fields[7]);
-    line += ReadPprValue(section, "END_LINE", "");
+    line += FindPprValue(section, "END_LINE", "");
     WriteLine(file, line, true);
 }

@@ -81,7 +81,7 @@ struct RunGuard {
 
 bool IsYes(std::string_view key, std::string_view defaultValue)
 {
-    return ReadPprValue(ConfigSection, key, defaultValue) == "YES";
+    return FindPprValue(ConfigSection, key, defaultValue) == "YES";
 }
 
 bool StopAsked(const Walk& walk)
@@ -246,7 +246,7 @@ void WriteMoves(Walk& walk, std::int16_t side)
 void WriteProfile(Walk& walk, std::int32_t profile, Bounds& bounds)
 {
     std::int16_t side = 0;
-    BuildCutMoves(walk.Moves, profile, side, TextToNumber(ReadPprValue(ConfigSection, "FLYOFFDIM", "0")));
+    BuildCutMoves(walk.Moves, profile, side, TextToNumber(FindPprValue(ConfigSection, "FLYOFFDIM", "0")));
     if (walk.Moves.size() < 2) {
         return; // no record: nothing to cut
     }

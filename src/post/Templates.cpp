@@ -231,13 +231,16 @@ struct KeyName {
     }
 };
 
-/// Takes the mark of a numbered line off.
-bool TakeNumberMark(std::string& line)
+/// The template in `key`, less the mark of a numbered line; false at the end of the block.
+bool ReadBlockLine(std::string_view section, std::string_view key, std::string& line, bool& numbered)
 {
-    if (line.empty() || line.front() != '_') {
+    std::string_view text = FindPprValue(section, key, EndOfBlock);
+    if (text == EndOfBlock) {
         return false;
     }
-    line.erase(0, 1);
+    numbered = text.starts_with('_');
+    text.remove_prefix(numbered ? 1 : 0);
+    line = text;
     return true;
 }
 } // namespace
@@ -298,15 +301,15 @@ void WriteBlock(std::int16_t file, std::string_view section, std::string_view ve
                 const BlockCounters& counters, Flag /*isInternal*/)
 {
     KeyName name;
+    std::string line;
     BlockCounters withoutLimits = counters;
     withoutLimits.XMin = withoutLimits.YMin = withoutLimits.XMax = withoutLimits.YMax = 0.0;
     for (int n = 1;; ++n) {
         const std::string_view key = name.Form("LINE", n);
-        std::string line = ReadPprValue(section, key, EndOfBlock);
-        if (line == EndOfBlock) {
+        bool numbered = false;
+        if (!ReadBlockLine(section, key, line, numbered)) {
             break;
         }
-        const bool numbered = TakeNumberMark(line);
         const Flag written = ExpandLine(file, line, vector, withoutLimits, FlagOn, {section, key});
         if (written != FlagOff && line != DontPrint) {
             WriteLine(file, line, numbered);
@@ -314,11 +317,10 @@ void WriteBlock(std::int16_t file, std::string_view section, std::string_view ve
     }
     for (int n = 1;; ++n) {
         const std::string_view key = name.Form("COLLECTION", n);
-        std::string line = ReadPprValue(section, key, EndOfBlock);
-        if (line == EndOfBlock) {
+        bool numbered = false;
+        if (!ReadBlockLine(section, key, line, numbered)) {
             break;
         }
-        const bool numbered = TakeNumberMark(line);
         if (ExpandLine(FileCollection, line, vector, counters, FlagOn, {section, key}) != FlagOff) {
             WriteLine(FileCollection, line, numbered);
         }
