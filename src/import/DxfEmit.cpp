@@ -22,7 +22,7 @@ constexpr double MaxFloatMiss = 0.005;
 
 double Length(const PlanePoint& d)
 {
-    return std::hypot(d.X, d.Y);
+    return PlaneLength(d.X, d.Y);
 }
 
 double Cross(const PlanePoint& a, const PlanePoint& b)
@@ -64,8 +64,8 @@ DxfPoint3 Rounded(const DxfWalk& walk, const PlanePoint& point)
 
 double FloatDistance(const DxfPoint3& a, const DxfPoint3& b)
 {
-    return std::hypot(static_cast<double>(b[0]) - static_cast<double>(a[0]),
-                      static_cast<double>(b[1]) - static_cast<double>(a[1]));
+    return PlaneLength(static_cast<double>(b[0]) - static_cast<double>(a[0]),
+                       static_cast<double>(b[1]) - static_cast<double>(a[1]));
 }
 
 void Deliver(DxfWalk& walk, const DxfEntity& entity)

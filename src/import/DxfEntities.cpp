@@ -334,6 +334,19 @@ constexpr EntityRow EntityRows[] = {
     {"MTEXT", ReadNothing, DxfMText},
 };
 
+/// Name number of a known type, looked up once.
+std::uint32_t RowName(DxfParser& parser, std::size_t row)
+{
+    constexpr std::uint32_t unknown = 0xFFFFFFFFU;
+    if (parser.RowNames.empty()) {
+        parser.RowNames.assign(std::size(EntityRows), unknown);
+    }
+    if (parser.RowNames[row] == unknown) {
+        parser.RowNames[row] = NameNumber(*parser.Model, EntityRows[row].Name);
+    }
+    return parser.RowNames[row];
+}
+
 /// What belongs to another entity and isn't counted.
 bool IsFollower(std::string_view name)
 {
@@ -391,7 +404,8 @@ void ReadEntity(DxfParser& parser, bool knownOnly)
         ReadNothing(parser, shape);
         return;
     }
-    shape.Name = NameNumber(*parser.Model, name);
+    shape.Name =
+        known ? RowName(parser, static_cast<std::size_t>(row - EntityRows)) : NameNumber(*parser.Model, name);
     (known ? row->Read : ReadNothing)(parser, shape);
     if (parser.Paper) {
         shape.Type = DxfShapeType::PaperSpace;

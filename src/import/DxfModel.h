@@ -78,6 +78,8 @@ struct DxfParser {
     bool Embedded = false; ///< an embedded object began: its codes mean something else
     bool Braces = false;   ///< within another application's data
     std::vector<double> Scratch[4];
+    std::vector<std::uint32_t>
+        RowNames; ///< name numbers of the known types, by row; 0xFFFFFFFF before the first
 };
 
 /// Starts the fields of a record.

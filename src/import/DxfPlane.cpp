@@ -78,19 +78,6 @@ DxfMatrix WithScale(const DxfMatrix& matrix, double x, double y, double z)
     return Multiply(matrix, {{{x, 0, 0, 0}, {0, y, 0, 0}, {0, 0, z, 0}}});
 }
 
-PlanePoint MapPoint(const DxfMatrix& matrix, double x, double y, double z)
-{
-    const auto& m = matrix.M;
-    return {m[0][0] * x + m[0][1] * y + m[0][2] * z + m[0][3],
-            m[1][0] * x + m[1][1] * y + m[1][2] * z + m[1][3]};
-}
-
-PlanePoint MapDirection(const DxfMatrix& matrix, double x, double y, double z)
-{
-    const auto& m = matrix.M;
-    return {m[0][0] * x + m[0][1] * y + m[0][2] * z, m[1][0] * x + m[1][1] * y + m[1][2] * z};
-}
-
 void SineCosine(double angleDeg, double& sine, double& cosine)
 {
     int quadrant = 0;

@@ -6,6 +6,11 @@ namespace
 enum class DxfSection : std::uint8_t { None, Entities, Blocks, Other };
 
 constexpr std::size_t MaxNameLength = 40;
+
+/// About what a real drawing takes; only to save the growing.
+constexpr std::size_t BytesPerNumber = 24;
+constexpr std::size_t BytesPerEntity = 120;
+
 constexpr std::uint32_t NoBlock = 0xFFFFFFFFU;
 
 std::string UpperName(std::string_view name)
@@ -142,6 +147,8 @@ bool ReadDrawing(std::string_view bytes, DxfModel& model)
     DxfParser parser;
     parser.Model = &model;
     OpenScanner(parser.Scanner, bytes);
+    model.Numbers.reserve(bytes.size() / BytesPerNumber);
+    model.Entities.reserve(bytes.size() / BytesPerEntity);
     SkipRecord(parser); // whatever stands ahead of the first record
     DxfSection section = DxfSection::None;
     std::uint32_t openBlock = NoBlock;

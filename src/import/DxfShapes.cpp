@@ -98,7 +98,7 @@ void WalkEllipse(DxfWalk& walk, const double* n, const DxfMatrix& matrix)
     round.Axis2 = MapDirection(matrix, (ny * n[5] - nz * n[4]) * ratio, (nz * n[3] - nx * n[5]) * ratio,
                                (nx * n[4] - ny * n[3]) * ratio);
     const double radius =
-        std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
+        std::max(PlaneLength(round.Axis1.X, round.Axis1.Y), PlaneLength(round.Axis2.X, round.Axis2.Y));
     SetSweep(round, n[10], n[11], radius);
     round.Parametric = true;
     EmitRound(walk, DxfArcPiece, round);
@@ -111,7 +111,7 @@ RoundShape BulgeArc(const DxfMatrix& plane, const double* a, const double* b, do
     const double offset = (1.0 - squared) / (4.0 * bulge);
     const double cx = (a[0] + b[0]) / 2.0 - (b[1] - a[1]) * offset;
     const double cy = (a[1] + b[1]) / 2.0 + (b[0] - a[0]) * offset;
-    const double radius = std::hypot(b[0] - a[0], b[1] - a[1]) * (1.0 + squared) / (4.0 * std::fabs(bulge));
+    const double radius = PlaneLength(b[0] - a[0], b[1] - a[1]) * (1.0 + squared) / (4.0 * std::fabs(bulge));
     const double side = bulge > 0.0 ? 1.0 : -1.0; // a clockwise arc has its second axis on the other side
     RoundShape round;
     round.Centre = MapPoint(plane, cx, cy, elevation);
@@ -127,7 +127,7 @@ bool GoesOutAsChord(const RoundShape& round, double chord, double bulge)
 {
     constexpr double farCentre = 1e5;
     const double radius =
-        std::max(std::hypot(round.Axis1.X, round.Axis1.Y), std::hypot(round.Axis2.X, round.Axis2.Y));
+        std::max(PlaneLength(round.Axis1.X, round.Axis1.Y), PlaneLength(round.Axis2.X, round.Axis2.Y));
     const bool flat = chord * std::fabs(bulge) / 2.0 <= MaxSagitta;
     return !IsUsable(round.Centre) || !(radius <= MaxCoordinate) || (flat && radius > farCentre);
 }
@@ -154,7 +154,7 @@ void WalkSegments(DxfWalk& walk, const DxfShape& shape, const double* vertices, 
             run.push_back(walk.Points[i]);
         }
         const double chord =
-            std::hypot(walk.Points[next].X - walk.Points[i].X, walk.Points[next].Y - walk.Points[i].Y);
+            PlaneLength(walk.Points[next].X - walk.Points[i].X, walk.Points[next].Y - walk.Points[i].Y);
         RoundShape round;
         bool straight = std::fabs(a[2]) < StraightBulge || (a[0] == b[0] && a[1] == b[1]);
         if (!straight) {
