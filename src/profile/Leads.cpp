@@ -73,7 +73,8 @@ Place PlaceAt(const Place& from, double distance, double angle)
 }
 
 /// The point at `distance` along the element in `slot`, and the direction of travel there. A line runs to the start
-/// of the next slot.
+/// of the next slot. Distance 0 is the start as it stands: a rounded arc may begin a little beside its circle, and
+/// the way from there to the circle is none.
 Place PlaceOnElement(std::int32_t slot, double distance, double& tangent)
 {
     const ProfileElement& element = ElementAt(slot);
@@ -89,7 +90,7 @@ Place PlaceOnElement(std::int32_t slot, double distance, double& tangent)
         angle += distance / radius;
     }
     tangent = angle + QuarterTurn * SignOf(radius);
-    return PlaceAt({element.GeoA, element.GeoB}, std::fabs(radius), angle);
+    return distance == 0.0 ? start : PlaceAt({element.GeoA, element.GeoB}, std::fabs(radius), angle);
 }
 
 /// A position before the first point counts back from the end of the contour, so that the lead never leaves it. (Big

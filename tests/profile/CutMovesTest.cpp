@@ -210,6 +210,24 @@ TEST_F(CutMoves, TailOfAnArcBelowTheToleranceIsStraight)
     EXPECT_NEAR(MoveLength(List, 5), 10 * Pi - 0.005, 1e-6);
 }
 
+TEST_F(CutMoves, CornerAtAnArcThatMissesItsCircleHasNoHead)
+{
+    // Half disc whose arc was given with a radius 0.03 too large, as rounded centre words leave it: entered at the
+    // start of the arc, the way from there to the circle must not become a move (it would read as a full turn).
+    for (const double miss : {0.03, -0.03}) {
+        StartCase();
+        HoldConfigWrites();
+        AddArc({20, 0}, {0, 0}, {10, 0}, 10.0 + miss);
+        AddLines({{0, 0}, {20, 0}});
+        AddEnd(KindOuterEnd, 50 * Pi, ImportedClass);
+        MeasureProfiles(FlagOn);
+        InitLeadData();
+        Record().LeadInLineOn = FlagOff;
+        Build();
+        Expect({{1, 1, 20, -5}, {0, 2, 20, 0}, {0, 1, 0, 0}, {0, 3, 20, 0}});
+    }
+}
+
 // --- open profiles: from the first point to the last, once ----------------------------------------------------
 
 TEST_F(CutMoves, OpenProfileRunsFromFirstToLastPoint)
