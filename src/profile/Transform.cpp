@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 namespace
 {
@@ -71,8 +73,54 @@ void MirrorPart(double factorX, double factorY)
     }
 }
 
+/// How an arc reads by the distance of its ends: closer than the tolerance is a full turn.
+enum class ArcTurn { Full, Partial, Unclear };
+
+/// The end stands twice, in the arc and as the start of the next slot; some routines read the one, some the other.
+ArcTurn TurnOf(std::int32_t slot)
+{
+    const ProfileElement& arc = ElementAt(slot);
+    const ProfileElement& next = ElementAt(std::min(slot + 1, AppState.ElementCount));
+    const bool byEnd = dpp(arc.StartX, arc.StartY, arc.EndX, arc.EndY) < Tolerance;
+    const bool byNext = dpp(arc.StartX, arc.StartY, next.StartX, next.StartY) < Tolerance;
+    return byEnd != byNext ? ArcTurn::Unclear : byEnd ? ArcTurn::Full : ArcTurn::Partial;
+}
+
+/// The tolerance doesn't scale with the part. An arc that shrank below it must not read as a full turn now: it is
+/// straight. A full turn whose ends grew apart must not shrink to the bit between them: it is closed.
+void KeepTurn(std::int32_t slot, ArcTurn before)
+{
+    const ArcTurn after = TurnOf(slot);
+    ProfileElement& arc = ElementAt(slot);
+    if (before == ArcTurn::Partial && after != ArcTurn::Partial) {
+        arc.Kind = KindLine;
+        arc.GeoA = arc.GeoB = arc.GeoC = 0.0;
+        RenewLine(arc);
+    } else if (before == ArcTurn::Full && after != ArcTurn::Full) {
+        arc.EndX = arc.StartX;
+        arc.EndY = arc.StartY;
+        if (slot < AppState.ElementCount) {
+            ElementAt(slot + 1).StartX = arc.StartX;
+            ElementAt(slot + 1).StartY = arc.StartY;
+        }
+    }
+}
+
+/// TurnOf of every arc, ahead of a scale.
+std::vector<ArcTurn> CollectTurns()
+{
+    std::vector<ArcTurn> turns(static_cast<std::size_t>(AppState.ElementCount) + 1, ArcTurn::Unclear);
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        if (ElementAt(slot).Kind == KindArc) {
+            turns[static_cast<std::size_t>(slot)] = TurnOf(slot);
+        }
+    }
+    return turns;
+}
+
 void ScalePart(double scale)
 {
+    const std::vector<ArcTurn> turns = CollectTurns();
     for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
         ProfileElement& element = ElementAt(slot);
         element.StartX *= scale;
@@ -85,6 +133,11 @@ void ScalePart(double scale)
             element.GeoA *= scale;
             element.GeoB *= scale;
             element.GeoC *= scale;
+        }
+    }
+    for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
+        if (ElementAt(slot).Kind == KindArc) {
+            KeepTurn(slot, turns[static_cast<std::size_t>(slot)]);
         }
     }
     for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {

@@ -219,6 +219,57 @@ TEST_F(Transform, ScaleMeasuresAnew)
     ExpectBox(40, 20);
 }
 
+TEST_F(Transform, ScaleKeepsASmallArcFromBecomingAFullTurn)
+{
+    // A square 100 x 100 with one corner rounded by 0.2, its chord 0.283; a hundredth of it is 0.0028.
+    AddLines({{0, 0}, {100, 0}, {100, 99.8}});
+    AddArc({100, 99.8}, {99.8, 100}, {99.8, 99.8}, 0.2);
+    AddLines({{99.8, 100}, {0, 100}, {0, 0}});
+    AddEnd(KindOuterEnd, 10000);
+    MeasureProfiles(FlagOn);
+    ApplyTransform(0, 0, 0.01, FlagOff);
+    EXPECT_EQ(Element(3).Kind, KindLine);
+    EXPECT_NEAR(Element(3).GeoA, -std::sqrt(0.5), Near) << "the left normal of the travel up and to the left";
+    EXPECT_NEAR(Element(3).GeoB, -std::sqrt(0.5), Near);
+    EXPECT_NEAR(Element(3).Length, 0.002 * std::sqrt(2.0), Near);
+    EXPECT_NEAR(AppState.TotalCutLength, 2 + 2 * 0.998 + 0.002 * std::sqrt(2.0), Near);
+    ExpectBox(1, 1);
+    ApplyTransform(0, 0, 1, FlagOff);
+    EXPECT_EQ(Element(3).Kind, KindArc);
+    EXPECT_EQ(Element(3).GeoC, 0.2);
+}
+
+TEST_F(Transform, ScaleKeepsALargeArcOfASmallBendOnItsPlace)
+{
+    // Chord 0.6 of a circle of radius 50: as a full turn it would add 100 to the box and 314 to the length.
+    const double rise = 50 - std::sqrt(50 * 50 - 0.3 * 0.3);
+    AddArc({0.6, 0}, {0, 0}, {0.3, rise - 50}, 50.0);
+    AddLines({{0, 0}, {0, -2}, {0.6, -2}, {0.6, 0}});
+    AddEnd(KindOuterEnd, 1.2);
+    MeasureProfiles(FlagOn);
+    ApplyTransform(0, 0, 0.01, FlagOff);
+    ExpectBox(0.006, 0.02);
+    EXPECT_NEAR(AppState.TotalCutLength, 2 * (0.006 + 0.02), Near);
+}
+
+TEST_F(Transform, ScaleKeepsAFullTurnThatDoesNotQuiteClose)
+{
+    // A circle of a program whose last point overshoots its first by 0.001; forty times that is 0.04.
+    for (const double radius : {10.0, -10.0}) {
+        StartCase();
+        HoldConfigWrites();
+        AddArc({20, 10}, {20, radius > 0 ? 10.001 : 9.999}, {10, 10}, radius);
+        AddEnd(KindOuterEnd, radius * 10 * Pi);
+        MeasureProfiles(FlagOn);
+        EXPECT_NEAR(AppState.TotalCutLength, 20 * Pi, 1e-6);
+        ApplyTransform(0, 0, 40, FlagOff);
+        EXPECT_NEAR(AppState.TotalCutLength, 800 * Pi, 1e-6);
+        ExpectBox(800, 800);
+        EXPECT_EQ(Element(1).EndY, Element(1).StartY);
+        EXPECT_EQ(Element(2).StartY, Element(1).StartY);
+    }
+}
+
 TEST_F(Transform, ScaleOfZeroOrBelowLeavesThePartUnscaled)
 {
     MakePlate();
