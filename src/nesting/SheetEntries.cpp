@@ -14,6 +14,7 @@ namespace
 {
 constexpr std::int16_t FirstNestType = 1;
 constexpr std::int16_t LastNestType = 4;
+constexpr double SmallestPitch = 1e-6; ///< what rounding may leave of a pitch of 0
 
 double BoxX()
 {
@@ -33,7 +34,7 @@ double RowFactor()
 
 void CheckPitch(double pitch, const char* axis)
 {
-    if (pitch == 0.0) {
+    if (std::fabs(pitch) < SmallestPitch) {
         throw RunTimeFault(std::string("nest: the gap in ") + axis +
                            " puts every copy on the same place (the distance from copy to copy is 0)");
     }
@@ -148,6 +149,7 @@ void ComputeLayout()
 
     const double pitchY = AppState.PartSizeY * RowFactor() + AppState.GapY;
     if (AppState.NestResultY > 0) {
+        CheckPitch(AppState.PartSizeY + AppState.GapY, "Y"); // of the program: nothing here divides by it
         SetNumber(FieldSheetY, std::trunc((AppState.NestResultY - 1) * pitchY + AppState.PartSizeY +
                                           2 * NestNumber(FieldGapY)));
         AppState.CountY = AppState.NestResultY;

@@ -266,8 +266,7 @@ TEST_F(Nest, CountsAreAtLeastOneAndAtMostWhatTheyHold)
     ComputeLayout();
     EXPECT_EQ(AppState.CountX, 1) << "a pitch below 0 fits once";
     EXPECT_EQ(AppState.CountY, 1);
-    AppState.PartSizeX = 1e-9;
-    TypeAll("99999", "100", "0", "0", "0");
+    TypeAll("1e15", "100", "0", "-39", "0");
     ComputeLayout();
     EXPECT_EQ(AppState.CountX, std::numeric_limits<std::int32_t>::max());
 }
@@ -279,8 +278,20 @@ TEST_F(Nest, CopiesOnOnePlaceAreAFault)
     EXPECT_THROW(ComputeLayout(), RunTimeFault);
     TypeAll("100", "100", "5", "0", "-40");
     EXPECT_THROW(ComputeLayout(), RunTimeFault);
-    AppState.NestResultY = 2; // nothing is divided then
+    AppState.NestResultY = 2; // nothing is divided then, but both rows would be cut on one place
+    EXPECT_THROW(ComputeLayout(), RunTimeFault);
+    TypeAll("100", "100", "5", "0", "-39.99");
     EXPECT_NO_THROW(ComputeLayout());
+}
+
+TEST_F(Nest, CopiesApartByRoundingAloneAreAFault)
+{
+    MakePart(40.00000000000001, 30); // as a turned part measures
+    TypeAll("100", "100", "0", "-40", "0");
+    EXPECT_THROW(ComputeLayout(), RunTimeFault);
+    MakePart(40, 30.00000000000001);
+    TypeAll("100", "100", "0", "0", "-30");
+    EXPECT_THROW(ComputeLayout(), RunTimeFault);
 }
 
 TEST_F(Nest, OtherScreensShowOneCopy)
