@@ -168,7 +168,7 @@ void PrintResults(const BatchOptions& options, std::int64_t copies)
 {
     std::FILE* to = options.Json == "-" ? stderr : stdout;
     std::fprintf(to, "Copies: %lld\n", static_cast<long long>(copies));
-    std::fprintf(to, "Pierces: %lld\n", static_cast<long long>(copies * AppState.ProfileCount));
+    std::fprintf(to, "Pierces: %lld\n", static_cast<long long>(copies) * AppState.ProfileCount);
     std::fprintf(to, "Cutting length: %s\n",
                  FormatNumber(static_cast<double>(copies) * AppState.TotalCutLength).c_str());
     if (!options.Program.empty()) {

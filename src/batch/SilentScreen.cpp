@@ -32,7 +32,7 @@ std::string PickOption(const std::string& options, const std::string& wanted)
     std::size_t from = 0;
     while (from <= options.size()) {
         const std::size_t bar = std::min(options.find('|', from), options.size());
-        const std::string option = options.substr(from, bar - from);
+        std::string option = options.substr(from, bar - from);
         if (UpperCase(option) == UpperCase(wanted)) {
             return option;
         }

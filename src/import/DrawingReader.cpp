@@ -122,8 +122,9 @@ void DXFConvert(std::vector<std::array<float, 2>>& vertices, const DxfEntity& en
     if (entity.Vertices == nullptr) {
         return;
     }
-    for (int i = 0; i < entity.PointCount; ++i) {
-        vertices.push_back({entity.Vertices[2 * i], entity.Vertices[2 * i + 1]});
+    const float* coordinate = entity.Vertices;
+    for (int i = 0; i < entity.PointCount; ++i, coordinate += 2) {
+        vertices.push_back({coordinate[0], coordinate[1]});
     }
 }
 

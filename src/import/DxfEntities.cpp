@@ -269,9 +269,9 @@ void ReadSpline(DxfParser& parser, DxfShape& shape)
         }
     }
     head[SplineKnots] = static_cast<double>(knots.size());
-    head[SplineControls] = static_cast<double>(controls.size() / 3);
+    head[SplineControls] = static_cast<double>(controls.size()) / 3.0; // three numbers a point
     head[SplineWeights] = static_cast<double>(weights.size());
-    head[SplineFits] = static_cast<double>(fits.size() / 3);
+    head[SplineFits] = static_cast<double>(fits.size()) / 3.0;
     StoreNumbers(parser, shape, DxfShapeType::Spline, head);
     for (const std::vector<double>& list : parser.Scratch) {
         parser.Model->Numbers.insert(parser.Model->Numbers.end(), list.begin(), list.end());
