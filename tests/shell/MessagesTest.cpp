@@ -340,6 +340,15 @@ TEST_F(ShippedCatalogue, HasTheCaptionsOfTheDesignInEnglish)
     }
 }
 
+TEST_F(ShippedCatalogue, SetsColonsAsEachLanguageDoes)
+{
+    // Captions go ahead of a field: only the design's English and French keep a blank there.
+    EXPECT_EQ(Text(33, 2), "Nome file:");
+    EXPECT_EQ(Text(33, 3), "Dateiname:");
+    EXPECT_EQ(Text(33, 4), "Nom du fichier :");
+    EXPECT_EQ(Text(33, 5), "Nombre de archivo:");
+}
+
 TEST_F(ShippedCatalogue, LosesNoCharacter)
 {
     // Every line behind a message's number comes back whole, byte for byte.
