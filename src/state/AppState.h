@@ -29,6 +29,9 @@ struct OpenProfile {
     double Y = 0.0;
 };
 
+/// Background of the window, the message box and every unmarked label, as 0xRRGGBB: red 236, green 233, blue 216.
+inline constexpr std::int32_t DesignBackColor = 0xECE9D8;
+
 /// Values of AppState.ScreenState.
 inline constexpr std::int16_t ScreenInput = 0;
 inline constexpr std::int16_t ScreenParameters = 1;
@@ -51,9 +54,11 @@ inline constexpr std::int32_t MaxElements = 32767;
 
 struct AppStateRecord {
     // --- shell: the program and its screens -----------------------------------------------------------
-    std::string ProgramName = "Korvanta"; ///< base of the names of configuration and catalogue
-    std::string AppPath;                  ///< the program's folder, without a trailing backslash
+    std::string ProgramName = "Korvanta";           ///< base of the names of configuration and catalogue
+    std::string AppPath;                            ///< the program's folder, without a trailing backslash
+    std::int32_t WindowBackColor = DesignBackColor; ///< fixed
     std::int16_t ScreenState = ScreenInput;
+    std::int16_t HostBarHeight = 0;   ///< pixels kept free for the host's own bar; 0 without a host
     std::int16_t ShapeId = 0;         ///< 0 none, 1000 + n for R-n, 2000 + n for C-n, 3000 + n for H-n
     std::int32_t FieldMode = 0;       ///< kind of the focused value field, 0 to 9
     std::int16_t CurrentField = 0;    ///< index of the focused value field
@@ -61,6 +66,7 @@ struct AppStateRecord {
     std::string SourceName;           ///< what the job was made from
     std::int16_t Language = 1;        ///< 1 to 6
     std::int16_t PreviousCamTab = 0;  ///< 0 Parameters, 1 Cutting, 2 Nesting: the screen before this one
+    Flag SaveMode = FlagOff;          ///< the Input screen asks for a job name to save under
     Flag SheetFieldChanged = FlagOff; ///< a sheet size changed since a Nesting field got the focus
     /// [number][language - 1]: the three parts of a message; row 0 holds the language marks.
     std::array<std::array<MessageParts, LanguageColumns>, MessageRows> MessageTable;

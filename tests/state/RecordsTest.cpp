@@ -20,4 +20,7 @@ TEST(AppState, IsEmptyAtTheStart)
     EXPECT_EQ(AppState.KerfState, 40);
     EXPECT_TRUE(IsNoValue(AppState.PathCursorDistance));
     EXPECT_EQ(AppState.MoveStep, 10.0);
+    EXPECT_EQ(AppState.WindowBackColor, (236 << 16) + (233 << 8) + 216);
+    EXPECT_EQ(AppState.HostBarHeight, 0);
+    EXPECT_EQ(AppState.SaveMode, FlagOff);
 }
