@@ -2,6 +2,7 @@
 
 #include "platform/Fault.h"
 #include "platform/Paths.h"
+#include "platform/Screen.h"
 #include "state/Numbers.h"
 
 #include <algorithm>
@@ -259,6 +260,22 @@ void MakeLevel(const std::string& folder)
         throw RunTimeFault("folder " + folder + " can't be made");
     }
 }
+constexpr std::size_t LongestTitle = 255;
+
+/// The first `count` characters of a UTF-8 text.
+std::string_view FirstCharacters(std::string_view text, std::size_t count)
+{
+    constexpr unsigned char FollowMask = 0xC0;
+    constexpr unsigned char Follow = 0x80; // bytes behind the first one of a character
+    std::size_t at = 0;
+    for (; at < text.size(); ++at) {
+        const bool starts = (static_cast<unsigned char>(text[at]) & FollowMask) != Follow;
+        if (starts && count-- == 0) {
+            break;
+        }
+    }
+    return text.substr(0, at);
+}
 } // namespace
 
 double TextToNumber(std::string_view text)
@@ -460,4 +477,16 @@ std::string DashToUnderscore(std::string_view text)
     std::string result(text);
     std::replace(result.begin(), result.end(), '-', '_');
     return result;
+}
+
+std::intptr_t FindWindowByTitle(std::string_view text)
+{
+    const std::string wanted = Trim(text);
+    for (const TopWindow& window : ListTopWindows()) {
+        const std::string_view title = FirstCharacters(window.Title, LongestTitle);
+        if (!title.empty() && Contains(title, wanted)) {
+            return window.Handle;
+        }
+    }
+    return 0;
 }

@@ -67,3 +67,7 @@ void SwapValues(double& a, double& b);
 
 /// "R-01" becomes "R_01".
 std::string DashToUnderscore(std::string_view text);
+
+/// Handle of the first top-level window whose title holds `text` (blanks at its ends aside, case counts) within its
+/// first 255 characters, or 0. A window without a title never counts.
+std::intptr_t FindWindowByTitle(std::string_view text);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// Gives the focus to a value field. The window answers with the arrival routine of the field.
 void FocusField(const ValueField& field);
@@ -38,3 +39,12 @@ void PictureSize(std::int32_t& width, std::int32_t& height);
 void ShowProgress(std::int32_t range);
 void SetProgress(std::int32_t value);
 void HideProgress();
+
+/// A top-level window of the desktop, whichever program it belongs to.
+struct TopWindow {
+    std::intptr_t Handle = 0; ///< never 0 for a window
+    std::string Title;
+};
+
+/// The top-level windows in the order in which the window system tells them.
+std::vector<TopWindow> ListTopWindows();

@@ -215,3 +215,29 @@ TEST(Numbers, RadiansAndSwap)
     EXPECT_EQ(a, 2.0);
     EXPECT_EQ(b, 1.0);
 }
+
+TEST(Windows, AreFoundByAPartOfTheirTitle)
+{
+    StartCase();
+    EXPECT_EQ(FindWindowByTitle("Korvanta"), 0) << "an empty desktop";
+    Screen.Windows = {
+        {11, ""}, {12, "korvanta"}, {13, "Notes on Korvanta.txt - Editor"}, {14, "Korvanta V2.28"}};
+    EXPECT_EQ(FindWindowByTitle("Korvanta"), 13) << "anywhere in any title; the first one counts";
+    EXPECT_EQ(FindWindowByTitle("  Korvanta V2 "), 14) << "the text is trimmed";
+    EXPECT_EQ(FindWindowByTitle("KORVANTA"), 0) << "case counts";
+    EXPECT_EQ(FindWindowByTitle(""), 12) << "a window without a title never counts";
+}
+
+TEST(Windows, AreReadUpToTheirLongestTitle)
+{
+    StartCase();
+    const std::string blanks(247, ' ');
+    Screen.Windows = {{1, blanks + " Korvanta"}, {2, blanks + "Korvanta"}};
+    EXPECT_EQ(FindWindowByTitle("Korvanta"), 2) << "247 + 8 = 255 characters, one more is cut";
+    std::string wide;
+    for (int i = 0; i < 247; ++i) {
+        wide += "\u00E9";
+    }
+    Screen.Windows = {{3, wide + "Korvanta"}};
+    EXPECT_EQ(FindWindowByTitle("Korvanta"), 3) << "characters count, not bytes";
+}

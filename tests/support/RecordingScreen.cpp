@@ -1,6 +1,5 @@
 #include "support/RecordingScreen.h"
 
-#include "platform/Screen.h"
 #include "shell/ValueFields.h"
 #include "state/AppState.h"
 
@@ -84,4 +83,9 @@ void SetProgress(std::int32_t value)
 void HideProgress()
 {
     Screen.Calls.emplace_back("progress off");
+}
+
+std::vector<TopWindow> ListTopWindows()
+{
+    return Screen.Windows;
 }

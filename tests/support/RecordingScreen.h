@@ -1,6 +1,8 @@
 // RecordingScreen.h -- the body of the screen seam for tests: writes each call down, answers boxes from a script.
 #pragma once
 
+#include "platform/Screen.h"
+
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -16,6 +18,7 @@ struct ScreenRecord {
     std::vector<std::string> Calls;    ///< "focus TextCutting 3", "box a|b|c|two", "progress 12", ...
     std::deque<bool> BoxAnswers;       ///< answers of the next boxes; true when used up
     std::function<void()> InputDialog; ///< plays the operator of the input dialog
+    std::vector<TopWindow> Windows;    ///< what stands on the desktop
     std::int32_t PictureWidth = 640;
     std::int32_t PictureHeight = 480;
 };
