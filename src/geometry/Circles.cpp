@@ -54,10 +54,9 @@ bool MeetCircle(double& x, double& y, const GeoCircle& circle1, double radius1, 
         return false;
     }
     // Foot of the common chord on the centre line. The line of equal powers runs away from two circles that nearly
-    // share their centre, so the foot is held at circle 1.
-    const double reach = radius1 + Tolerance;
-    const double foot =
-        std::clamp((d * d + (radius1 - radius2) * (radius1 + radius2)) / (2.0 * d), -reach, reach);
+    // share their centre, so the foot of a touch is held between the two circles.
+    const double foot = std::clamp((d * d + (radius1 - radius2) * (radius1 + radius2)) / (2.0 * d),
+                                   std::min(-radius1, d - radius2), std::max(radius1, d - radius2));
     double half = 0.0;
     if (miss < 0.0) {
         HalfChord(half, radius1, foot);

@@ -145,6 +145,12 @@ TEST(TwoCircles, NearlyOfOneCentreTouchOnTheCircle)
     EXPECT_EQ(err, 0);
     EXPECT_NEAR(point[1], -5.0, 0.0101);
     EXPECT_NEAR(point[2], 0.0, Near);
+    // The same with the large circle first: between x = 5.002, where the small one ends, and x = 5.010.
+    p_cc(point, Circle(0.0, 0.0, 5.010), Circle(0.002, 0.0, 5.0), 1, err);
+    EXPECT_EQ(err, 0);
+    EXPECT_GE(point[1], 5.002 - Near);
+    EXPECT_LE(point[1], 5.010 + Near);
+    EXPECT_NEAR(point[2], 0.0, Near);
 }
 
 TEST(CircleOfCircles, StandsOnTheRightOfTheTravel)
