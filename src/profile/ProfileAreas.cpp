@@ -155,13 +155,13 @@ double ArcArea(double startX, double startY, double endX, double endY, double ce
     if (chord < Tolerance) {
         return radius * radius * Pi * sign;
     }
-    if (!(size > 0.0)) {
-        return Trapezoid(startX, startY, endX, endY, refY);
-    }
     double x = startX - centreX;
     double y = startY - centreY;
     const double turn = SignOf(x * (endY - centreY) - y * (endX - centreX));
     const double t = chord / (2.0 * size);
+    if (!(t > 0.0) || !std::isfinite(t)) { // no radius, or an endless one
+        return Trapezoid(startX, startY, endX, endY, refY);
+    }
     const double a = std::atan(std::sqrt(std::fabs(1.0 - t * t)) / t);
     const double sweep = Pi - 2.0 * turn * sign * a;
     const double steps = std::min(std::trunc(sweep / std::sqrt(ChordRule / size)) + 1.0, MaxChords);

@@ -95,6 +95,20 @@ TEST(Bounds, TakeStartsAndArcBoxes)
     EXPECT_NEAR(AppState.MaxY, 2.0, 1e-12);
 }
 
+TEST(Bounds, TakeTheMarkOfAnOpenInnerProfile)
+{
+    StartCase();
+    PutLine(10.0, 10.0, 4.0, 30.0);
+    PutEnd(); // (4, 30)
+    PutLine(20.0, 20.0, 6.0, 7.0);
+    PutEnd(KindOuterEnd);
+    ComputeBounds();
+    EXPECT_EQ(AppState.MinX, 4.0);
+    EXPECT_EQ(AppState.MaxX, 20.0);
+    EXPECT_EQ(AppState.MinY, 7.0);
+    EXPECT_EQ(AppState.MaxY, 30.0);
+}
+
 TEST(Bounds, OfAnEmptyOrAHugePartStandAtTheLimits)
 {
     StartCase();
@@ -113,6 +127,12 @@ TEST(ArcArea, OfAFullCircleIsExact)
 {
     EXPECT_NEAR(ArcArea(10.0, 0.0, 10.0, 0.0, 0.0, 0.0, 10.0, -50.0), 314.159265358979, 1e-9);
     EXPECT_NEAR(ArcArea(10.0, 0.0, 10.0, 0.0099, 0.0, 0.0, -10.0, 0.0), -314.159265358979, 1e-9);
+}
+
+TEST(ArcArea, OfEndsAToleranceApartIsNoFullCircle)
+{
+    // A chord of exactly 0.01: a sliver, not 314.
+    EXPECT_NEAR(ArcArea(10.0, 0.0, 10.0, 0.01, 0.0, 0.0, 10.0, 0.0), 0.0, 1e-3);
 }
 
 TEST(ArcArea, SumsChordsOfTheToldStep)
@@ -141,6 +161,9 @@ TEST(ArcArea, IsANumberForArcsThatAreNone)
 {
     // No radius: the straight strip (0 - 10) * (5 + 5) / 2.
     EXPECT_DOUBLE_EQ(ArcArea(0.0, 5.0, 10.0, 5.0, 0.0, 0.0, 0.0, 0.0), -50.0);
+    for (const double radius : {5e-324, -5e-324, static_cast<double>(INFINITY), static_cast<double>(NAN)}) {
+        EXPECT_DOUBLE_EQ(ArcArea(0.0, 5.0, 10.0, 5.0, 0.0, 0.0, radius, 0.0), -50.0) << radius;
+    }
     EXPECT_TRUE(std::isfinite(ArcArea(0.0, 0.0, 10.0, 0.0, 0.0, 0.0, 1e-9, 0.0))) << "a radius too small";
     EXPECT_TRUE(std::isfinite(ArcArea(0.0, 0.0, 10.0, 0.0, 0.0, 1e30, -1e30, 0.0))) << "and it ends, too";
 }
@@ -190,9 +213,9 @@ TEST(Areas, OfAnOpenProfileCompeteButAreNotStored)
 
 TEST(Areas, CloseWithinTheTolerance)
 {
-    for (const bool closed : {true, false}) {
+    for (const double gap : {0.0099, 0.01, 0.0101}) {
+        const bool closed = gap < 0.01; // strictly closer
         StartCase();
-        const double gap = closed ? 0.0099 : 0.0101;
         PutLine(0.0, 0.0, 10.0, 0.0);
         PutLine(10.0, 0.0, 10.0, 10.0);
         PutLine(10.0, 10.0, 0.0, gap);
@@ -202,6 +225,21 @@ TEST(Areas, CloseWithinTheTolerance)
         // Nearly the triangle of 50; the last strip is 10 * (10 + gap) / 2.
         EXPECT_NEAR(AreaOf(1), closed ? 50.0 + 5.0 * gap : 0.0, 1e-9);
     }
+}
+
+TEST(Areas, TakeTheNextStartAsTheEndOfALine)
+{
+    StartCase();
+    PutLine(0.0, 0.0, 9.0, 0.0); // ends at (9, 0), but the next one begins at (10, 0)
+    PutLine(10.0, 0.0, 10.0, 10.0);
+    PutLine(10.0, 10.0, 0.0, 10.0);
+    PutLine(0.0, 10.0, 0.0, 0.0);
+    PutLine(0.0, 0.0, 0.0, -10.0); // the box reaches down to -10
+    PutLine(0.0, -10.0, 0.0, 0.0);
+    PutEnd(KindOuterEnd);
+    std::int16_t largest = 0;
+    // From y = -10: the bottom (0 - 10) * 20 / 2 = -100, the top (10 - 0) * 40 / 2 = 200.
+    EXPECT_NEAR(ComputeProfileAreas(largest), 100.0, 1e-9);
 }
 
 TEST(Areas, ANegativeSenseOnTheMarkTurnsTheSignOnce)
