@@ -44,6 +44,7 @@ TEST(Amparco, SweepsInTheGivenDirection)
         {"full, ccw", 2.0, 1.0, 2.0, 1.0, 1, 2.0 * Pi},
         {"full, cw", 2.0, 1.0, 2.0, 1.0, -1, 2.0 * Pi},
         {"nearly closed counts as full", 2.0, 1.0, 2.0, 1.0099, 1, 2.0 * Pi},
+        {"0.01 apart is no full turn", 2.0, 0.0, 2.0, 0.01, 1, 0.25 * Pi - std::atan(0.99)},
         {"0.0101 apart is a short arc", 2.0, 1.0, 2.0, 1.0101, 1, std::atan(0.0101)},
         {"0.0101 apart the long way", 2.0, 1.0, 2.0, 1.0101, -1, 2.0 * Pi - std::atan(0.0101)},
     };

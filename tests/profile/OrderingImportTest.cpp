@@ -87,6 +87,31 @@ TEST(NormaliseImport, TakesSidesOfAProgramAsRead)
     }
 }
 
+TEST(NormaliseImport, CutsTheInnerContourOfARingLikeTheOuterOne)
+{
+    // Areas 10000 and 9999.5: less than the bound of 1 apart. 9998.9 is a hole like any other.
+    for (const double height : {99.995, 99.989}) {
+        const bool boundary = height > 99.99;
+        StartCase();
+        PutBox(0.0, 0.0, 100.0, height);
+        PutCircle(50.0, 50.0, -4.0);
+        PutLine(100.0, 0.0, 100.0, 100.0);
+        PutLine(100.0, 100.0, 0.0, 100.0);
+        PutLine(0.0, 100.0, 0.0, 0.0);
+        PutLine(0.0, 0.0, 100.0, 0.0);
+        ASSERT_TRUE(NormaliseImport(ImportSides::Drawing, 0.0, 0.0));
+        ASSERT_EQ(AppState.ProfileCount, 3);
+        const std::int32_t ring = EndMarkOf(boundary ? 2 : 1);
+        EXPECT_EQ(Slot(ring).GeoA, boundary ? 1.0 : 0.0);
+        EXPECT_NEAR(Slot(ring).GeoB, boundary ? -100.0 * height : 100.0 * height, 1e-6);
+        EXPECT_EQ(Slot(ring).Closing, boundary ? -1 : 1);
+        EXPECT_NEAR(Slot(EndMarkOf(boundary ? 1 : 2)).GeoB, 16.0 * Pi, 1e-9)
+            << "the hole keeps the inner sense";
+        EXPECT_NEAR(Slot(EndMarkOf(3)).GeoB, -10000.0, 1e-6);
+        ExpectSense(ring - 4, ring - 1, 1);
+    }
+}
+
 TEST(NormaliseImport, TellsWhereAProfileStayedOpen)
 {
     StartCase();

@@ -143,3 +143,20 @@ TEST(OuterLast, LetsAnOpenProfileBeTheLargest)
     EXPECT_EQ(Slot(9).GeoB, 0.0);
     EXPECT_EQ(Slot(6).EndX, 100.0);
 }
+
+TEST(OuterLast, FlagsOpenProfilesBesideAnOpenOuterOne)
+{
+    StartCase();
+    PutLine(0.0, 0.0, 3.0, 1.0); // open, its area is 0.0 like that of the outer one
+    PutEnd();
+    PutBox(200.0, 200.0, 5.0, 5.0); // closed: 25 isn't near 0
+    PutEnd();
+    PutLine(0.0, 100.0, 100.0, 110.0); // open, but the largest by what lies below it: 100 * 105
+    PutEnd(KindOuterEnd);
+    OrderByArea();
+    EXPECT_EQ(TableText(), "L200,200>205,200 L205,200>205,205 L205,205>200,205 L200,205>200,200 . "
+                           "L0,0>3,1 . L0,100>100,110 9");
+    EXPECT_EQ(Slot(5).GeoA, 0.0);
+    EXPECT_EQ(Slot(7).GeoA, 1.0);
+    EXPECT_EQ(Slot(9).GeoA, 0.0) << "the outer one itself has no flag";
+}
