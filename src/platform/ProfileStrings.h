@@ -13,7 +13,8 @@ std::string ReadProfileString(const std::string& path, std::string_view section,
                               std::string_view defaultValue, std::size_t size);
 
 /// The same without a copy, for the walk of a program. The view points into the kept text or into `defaultValue`: it is
-/// valid until the next call of this header or until `defaultValue` goes. A read of an unchanged file allocates nothing.
+/// valid until the next call of this header or until `defaultValue` goes. During steady reads (below) a look-up allocates
+/// nothing but when the file is looked at again.
 std::string_view FindProfileString(std::string_view path, std::string_view section, std::string_view key,
                                    std::string_view defaultValue, std::size_t size);
 
