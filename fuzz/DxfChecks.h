@@ -1,5 +1,5 @@
-// DxfChecks.h -- reads bytes as a drawing and holds the reader to its promises: every number finite, curves' neighbours apart,
-// arcs counter-clockwise with a radius, vertex lists of two points and more.
+// DxfChecks.h -- reads bytes as a drawing and holds the reader to its promises: every number finite, neighbours on
+// curves apart, no radius below 0, vertex lists of two points and more.
 #pragma once
 
 #include "import/DrawingReader.h"
@@ -31,8 +31,12 @@ inline int CheckEntity(const DxfEntity& entity, void* context)
     Require(entity.Kind >= DxfLine && entity.Kind <= DxfPoint);
     const bool list = entity.Kind >= DxfPolyline && entity.Kind <= DxfCurve;
     Require(list ? entity.PointCount >= 2 && entity.Vertices != nullptr : entity.PointCount == 0);
-    for (int i = 0; i < 2 * entity.PointCount; ++i) {
-        Require(std::isfinite(entity.Vertices[i]));
+    const float* at = entity.Vertices;
+    for (int i = 0; i < entity.PointCount; ++i, at += 2) {
+        Require(std::isfinite(at[0]) && std::isfinite(at[1]));
+        Require(entity.Kind != DxfCurve || i == 0 ||
+                std::hypot(static_cast<double>(at[0]) - static_cast<double>(at[-2]),
+                           static_cast<double>(at[1]) - static_cast<double>(at[-1])) > 0.01);
     }
     Require(entity.P2[0] >= 0.0F || entity.Kind == DxfLine);
     return ++static_cast<FuzzedDrawing*>(context)->Records > enough ? 1 : 0;

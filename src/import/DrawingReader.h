@@ -58,9 +58,9 @@ Drawing* OpenDrawingBytes(std::string_view bytes);
 /// Curves stay curves (flag 0, the only mode). Non-zero on success.
 int DXFProhibitCurvesAsPoly(Drawing* drawing, int flag);
 
-/// Hands each entity to the callback, in drawing order: first those of kinds 6 to 19 that give geometry in the plane, whole
-/// inserts resolved, texts and unknown ones among them by their kind alone. False when inserts or curves multiply
-/// beyond any use (the walk ends there).
+/// Hands each entity to the callback, in drawing order, what stands in an insert at the insert's place. Entities that give no
+/// geometry come too, by their kind alone; those of paper space don't. False when inserts or curves multiply beyond any
+/// use: the walk ends there.
 bool DXFEnum(Drawing* drawing, int flag, DxfCallback callback, void* context);
 
 /// The vertices of a polyline kind, n x 2.
