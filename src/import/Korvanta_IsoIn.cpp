@@ -3,6 +3,7 @@
 #include "config/Korvanta_Utility.h"
 #include "config/PprValues.h"
 #include "geometry/Orbalib.h"
+#include "platform/Paths.h"
 #include "platform/TextFile.h"
 #include "profile/Korvanta_ProfileCut.h"
 
@@ -109,6 +110,9 @@ bool ImportMoves(const std::string& name)
         return Fail("no file name was given");
     }
     const std::string path = name.front() == '/' ? name : AppState.NcPath + name;
+    if (!FileExists(path)) {
+        return Fail("the file doesn't exist");
+    }
     AppState.SourceName = name;
     AppState.JobName = DisplayName(name);
     if (!ReadIsoFile(path)) {

@@ -119,6 +119,32 @@ const ReadCase ReadCases[] = {
     {"0.01 is dropped, and the position moves", "NO", "G1 X0.01\nX0.03", {"1 0.01,0 0.03,0 s0"}},
     {"0.011 is kept", "NO", "G1 X0.011", {"1 0,0 0.011,0 s0"}},
     {"rapid moves the position", "NO", "G1 X5\nG0 X20\nG1 Y5", {"1 0,0 5,0 s0", "1 20,0 20,5 s0"}},
+    {"a rapid without coordinates sets the mode",
+     "NO",
+     "G1 X5\nG0\nX9\nG1 X10",
+     {"1 0,0 5,0 s0", "1 9,0 10,0 s0"}},
+    // I = 3 stays a distance until an arc takes it: radius 3 about 5 + 3.
+    {"a centre word of a straight line is kept for the next arc",
+     "YES",
+     "G1 X5 I3\nG2 X11",
+     {"1 0,0 5,0 s0", "2 5,0 11,0 c8,0 r-3 s0"}},
+    {"a comment without digits sets its words to 0",
+     "NO",
+     "G1 X5 Y5\n(XY)\nX9",
+     {"1 0,0 5,5 s0", "1 5,5 0,0 s0", "1 0,0 9,0 s0"}},
+    {"the G of a comment is a rapid",
+     "NO",
+     "G1 X5\n(PROGRAM 7)\nX9\nG1 X10",
+     {"1 0,0 5,0 s0", "1 9,0 10,0 s0"}},
+    {"G40 and G42 alone stop the motion too",
+     "NO",
+     "G1 X1\nG40\nX5\nG1 X6\nG42\nX8\nG1 X9",
+     {"1 0,0 1,0 s0", "1 5,0 6,0 s0", "1 8,0 9,0 s-1"}},
+    {"a longer code that begins like a side is one",
+     "NO",
+     "G1 G420 X5\nG1 G400 X9",
+     {"1 0,0 5,0 s-1", "1 5,0 9,0 s0"}},
+    {"two signs are no number", "NO", "G1 X+-5 Y3\nX-", {"1 0,0 0,3 s0"}},
     {"G1 G41 keeps the motion", "NO", "G1 G41 X5\nX9", {"1 0,0 5,0 s1", "1 5,0 9,0 s1"}},
     {"G41 alone stops the motion until the next code",
      "NO",
@@ -348,11 +374,15 @@ TEST_F(Iso, IgnoresNonsenseThatMakesNoElement)
 
 TEST_F(Iso, RefusesAMissingFileOrName)
 {
+    AppState.SourceName = "before.iso";
+    AppState.JobName = "before";
     EXPECT_FALSE(ImportIso("none.iso"));
     EXPECT_FALSE(ImportIso(""));
     EXPECT_FALSE(ImportIso("   "));
     Station.Write("NC/folder/x", "");
     EXPECT_FALSE(ImportIso("folder"));
+    EXPECT_EQ(AppState.SourceName, "before.iso") << "only a file that is there becomes the source";
+    EXPECT_EQ(AppState.JobName, "before");
 }
 
 TEST_F(Iso, HoldsTheTableToItsSlots)
