@@ -101,9 +101,7 @@ void EnterCuttingScreen(bool rebuild)
         InitLeadData();
         SelectFirstProfile();
     }
-    if (AppState.ProfileCount > 0) {
-        ShowProfileFields();
-    }
+    ShowProfileFields();
     RedrawScreen(FlagOn);
     FocusField(AppState.TextCutting[FieldAngle]);
 }

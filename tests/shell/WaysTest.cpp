@@ -148,6 +148,21 @@ TEST_F(Ways, TheCuttingScreenStartsANewPartAtItsFirstProfile)
     EXPECT_EQ(Screen.Calls.back(), "focus TextCutting 0");
 }
 
+TEST_F(Ways, TheMoveStepOfANewPartIsShownEvenWithoutProfiles)
+{
+    Configure("DXF_PATH=" + Station.Path + "\\DXF\n");
+    Station.Write("DXF/marks.dxf", "0\nSECTION\n2\nENTITIES\n0\nPOINT\n10\n3\n20\n4\n0\nENDSEC\n0\nEOF\n");
+    StartStation(Station.Path, 1);
+    AppState.MoveStep = 3.0;
+    AppState.TextCutting[FieldMoveStep].Text = "3"; // left from the part before
+    ASSERT_TRUE(OpenImport(ImportKind::Drawing, "marks.dxf"));
+    ASSERT_EQ(AppState.ProfileCount, 0);
+    NextCamTab();
+    EXPECT_EQ(AppState.MoveStep, 10.0);
+    EXPECT_EQ(AppState.TextCutting[FieldMoveStep].Text, "10");
+    EXPECT_EQ(AppState.CurrentProfile, 0);
+}
+
 TEST_F(Ways, TheNestingScreenRaisesTheSheetToThePart)
 {
     OpenPlate();
