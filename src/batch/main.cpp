@@ -6,6 +6,7 @@
 #include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
 
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -24,6 +25,7 @@ int EndWithFault(const char* text)
 
 int main(int argc, char** argv)
 {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a fault with a text, like a full disk
     try {
         BatchOptions options;
         int status = StatusDone;

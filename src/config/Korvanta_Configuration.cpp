@@ -3,6 +3,7 @@
 #include "config/Korvanta_Utility.h"
 #include "platform/KeyText.h"
 #include "platform/ProfileStrings.h"
+#include "shell/MsgBox_Unicode.h"
 #include "state/AppState.h"
 
 namespace
@@ -77,6 +78,7 @@ void LoadConfiguration()
     AppState.EscAlias = ReadNumber("CONFIG", "ESCALIAS", "27");
     AppState.ExternalPathSense = ReadNumber("CUT", "EXTERNALPATH", "-1");
     AppState.InternalPathSense = ReadNumber("CUT", "INTERNALPATH", "1");
+    LoadMessages();
 }
 
 std::string WithBackslash(const std::string& folder)

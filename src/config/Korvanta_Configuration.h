@@ -14,7 +14,8 @@ void WriteConfig(const std::string& section, const std::string& key, const std::
 /// first: for a run that must leave the station's settings alone.
 void HoldConfigWrites();
 
-/// Reads the start-up table into AppState. Needs AppPath and ProgramName. The caller runs LoadMessages next.
+/// Reads the start-up table into AppState, then the message catalogue, which ends the process when it is missing. Needs
+/// AppPath and ProgramName.
 void LoadConfiguration();
 
 /// Folder text with its trailing backslash.

@@ -53,7 +53,6 @@ void StartStation(const std::string& stationFolder, std::int16_t language)
     AppState.ProgramName = "Korvanta";
     AppState.AppPath = stationFolder;
     LoadConfiguration();
-    LoadMessages();
     AppState.Language =
         language != 0 ? language : RoundAndClampToInt16(TextToNumber(ReadConfig("SETUP", "LANGUAGE", "1")));
     ResetFields();

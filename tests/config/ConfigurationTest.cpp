@@ -11,6 +11,9 @@
 
 namespace
 {
+/// The least catalogue that a start finds: marks and one message.
+constexpr const char* Catalogue = ">>0\nA\nA\nA\nA\nA\nA\n>>1\nOK\nOK\nOK\nOK\nOK\nOK\n";
+
 /// A station of its own, with these settings.
 struct Station {
     TempFolder Folder;
@@ -19,6 +22,7 @@ struct Station {
     {
         StartCase();
         AppState.AppPath = Folder.Path;
+        Folder.Write("Korvanta_MSG.TXT", Catalogue);
         Folder.Write("Korvanta.ini", settings);
     }
 };
@@ -28,6 +32,7 @@ TEST(Configuration, DefaultsWithoutAFile)
     StartCase();
     const TempFolder folder;
     AppState.AppPath = folder.Path;
+    folder.Write("Korvanta_MSG.TXT", Catalogue);
     LoadConfiguration();
     EXPECT_EQ(AppState.NestingPath, "C:\\Korvanta\\NEST\\");
     EXPECT_EQ(AppState.NcPath, "C:\\Korvanta\\PROGRAM\\");
@@ -42,7 +47,18 @@ TEST(Configuration, DefaultsWithoutAFile)
     EXPECT_EQ(AppState.ExternalPathSense, -1);
     EXPECT_EQ(AppState.InternalPathSense, 1);
     EXPECT_FALSE(folder.Holds("Korvanta.ini")) << "reading makes no file";
-    EXPECT_TRUE(Screen.Calls.empty()) << "the catalogue is the caller's next step";
+    EXPECT_TRUE(Screen.Calls.empty());
+    EXPECT_EQ(AppState.MessageTable[1][0][0], "OK") << "the catalogue is read last";
+}
+
+TEST(Configuration, WithoutACatalogueEndsTheProcessWithTheSettingsRead)
+{
+    StartCase();
+    const TempFolder folder;
+    AppState.AppPath = folder.Path;
+    folder.Write("Korvanta.ini", "[CUT]\r\nINTERNALPATH=-1\r\n");
+    EXPECT_THROW(LoadConfiguration(), ProcessEnded);
+    EXPECT_EQ(AppState.InternalPathSense, -1);
 }
 
 TEST(Configuration, FileAndDefaultsAreNamedForTheProgram)
@@ -51,6 +67,7 @@ TEST(Configuration, FileAndDefaultsAreNamedForTheProgram)
     const TempFolder folder;
     AppState.AppPath = folder.Path;
     AppState.ProgramName = "Other";
+    folder.Write("Other_MSG.TXT", Catalogue);
     folder.Write("other.INI", "[config]\r\nnc_path=E:\\NC\r\n");
     LoadConfiguration();
     EXPECT_EQ(AppState.NcPath, "E:\\NC\\");
