@@ -85,17 +85,17 @@ void SelectOption(PprInputValue& slot)
     if (slot.Kind != 'T') {
         return;
     }
-    std::string_view rest = slot.Options;
+    const std::string_view options = slot.Options;
     const std::string wanted = UpperCase(slot.Value);
-    slot.Value = rest.substr(0, rest.find('|'));
-    while (!rest.empty()) {
-        const std::size_t bar = rest.find('|');
-        const std::string_view option = rest.substr(0, bar);
+    slot.Value = options.substr(0, options.find('|'));
+    for (std::size_t from = 0; from <= options.size();) { // an option may be empty, the last one too
+        const std::size_t bar = std::min(options.find('|', from), options.size());
+        const std::string_view option = options.substr(from, bar - from);
         if (UpperCase(option) == wanted) {
             slot.Value = option;
             return;
         }
-        rest.remove_prefix(bar == std::string_view::npos ? rest.size() : bar + 1);
+        from = bar + 1;
     }
 }
 

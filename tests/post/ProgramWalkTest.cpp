@@ -102,6 +102,108 @@ TEST(GenerateProgram, ProgressAdvancesByTheCopy)
         << "passes of the part's sub-program are no copies";
 }
 
+TEST(GenerateProgram, PassesByProfileAdvanceTheProgressToo)
+{
+    const PostStation station("[PartProgram_CONFIG]\nSUBPROGRAMS=YES\nSUBPROGRAMSBYPROFILE=YES\n");
+    LoadCase(DiagonalOnce());
+    GenerateProgram("P");
+    // one copy of calls, then the bodies twice; the screen ignores what lies beyond the range
+    EXPECT_EQ(Screen.Calls,
+              (Lines{"progress range 1", "progress 1", "progress 2", "progress 3", "progress off"}));
+}
+
+TEST(GenerateProgram, AStaggeredNestMayPassTheProgressRange)
+{
+    const PostStation station("[PartProgram_CONFIG]\nLINENUMBER=OFF\n");
+    LoadCase(std::string(Diagonal) + "fields kerf=0 gapx=0 gapy=0 sheetx=200 sheety=200\n"
+                                     "layout kind=3 columns=1 rows=1 gapx=0 gapy=0\n");
+    GenerateProgram("P");
+    // two rows for the one counted; the second runs back, shifted by 20 and up by 20 * 0.866
+    EXPECT_EQ(station.Program("P"), (Lines{"G01 X40.000 Y20.000 ", "G01 X60.000 Y37.320 "}));
+    EXPECT_EQ(Screen.Calls, (Lines{"progress range 1", "progress 1", "progress 2", "progress off"}));
+}
+
+TEST(GenerateProgram, AProgressRangeBeyondItsWidthIsTheLargest)
+{
+    const PostStation station;
+    LoadCase(std::string(Diagonal) + "fields sheetx=10 sheety=10\n"
+                                     "layout kind=3 columns=2147483647 rows=2147483647 gapx=0 gapy=0\n");
+    GenerateProgram("P"); // nothing fits
+    EXPECT_EQ(Screen.Calls, (Lines{"progress range 2147483647", "progress off"}));
+    EXPECT_EQ(AppState.ProgramCopies, 0);
+}
+
+/// A circle of radius 5 around 20, 10, cut counter-clockwise from 25, 10; the straight lead of 2 comes from 23, 10.
+std::string CircleOnce()
+{
+    return "sense 1\narc 25 10 25 10 20 10 5\nclose\nlead 1 in=2,0 out=0,0 at=0 side=1\n" +
+           std::string(OneCopy);
+}
+
+TEST(GenerateProgram, FlyOffStandsAheadOfASeamAtTheSameMove)
+{
+    const PostStation station("[PartProgram_CONFIG]\nLINENUMBER=OFF\nFLYOFFDIM=100\n[PartProgram_FLYOFF]\n"
+                              "LINE1=fly\n[PartProgram_EndLeadIn]\nLINE1=seam\n");
+    LoadCase(CircleOnce());
+    GenerateProgram("P"); // too short to be split: the whole turn is the fly-off move
+    EXPECT_EQ(station.Program("P"),
+              (Lines{"G01 G41 X25.000 Y10.000 ", "fly", "seam", "G03 X25.000 Y10.000 I20.000 J10.000"}));
+}
+
+TEST(GenerateProgram, IncrementalSubProgramsLeaveArcCentresAlone)
+{
+    const PostStation station;
+    struct Case {
+        const char* Centre;
+        const char* Arc;
+    };
+    for (const Case& c :
+         {Case{"NO", "G03 X0.000 Y0.000 I20.000 J10.000"}, Case{"NONE", "G03 X0.000 Y0.000 I20.000 J10.000"},
+          Case{"1", "G03 X0.000 Y0.000 I-5.000 J0.000"}}) {
+        station.WriteTable("[PartProgram_CONFIG]\nLINENUMBER=OFF\nSUBPROGRAMS=YES\nINC_CENTER=" +
+                           std::string(c.Centre) + "\n[PartProgram_StartCUT]\nLINE1=*RAPID_MOVE\n");
+        LoadCase(CircleOnce());
+        GenerateProgram("P");
+        const Lines lines = station.Program("P"); // no rapid: the call leads to 23, 10
+        ASSERT_EQ(lines.size(), 4U) << c.Centre;
+        EXPECT_EQ(lines[0].substr(0, 15), "G01 G41 X2.000 ");
+        EXPECT_EQ(lines[1], c.Arc) << c.Centre;
+        EXPECT_EQ(lines[3], c.Arc) << c.Centre;
+    }
+}
+
+TEST(GenerateProgram, TheTracksOfTheLastCopyWaitForTheirFirstUser)
+{
+    const PostStation station("[PartProgram_CONFIG]\nLINENUMBER=OFF\n[MainProgram_END]\n"
+                              "LINE1=[*tracks_list]\n[PartProgram_END]\nLINE1=[*tracks_list]\n");
+    LoadCase("line 0 0 40 20\nopen\nline 0 10 40 30\nopen\n"
+             "layout kind=1 columns=2 rows=1 gapx=0 gapy=0\n");
+    GenerateProgram("P");
+    const Lines lines = station.Program("P");
+    ASSERT_EQ(lines.size(), 6U);
+    EXPECT_EQ(lines[4], "[3,4]");
+    EXPECT_EQ(lines[5], "[]");
+}
+
+TEST(GenerateProgram, AWorkingTable)
+{
+    const PostStation station(
+        "[PartProgram_CONFIG]\nFILE_EXTENSION=cnc\nLINENUMBER=ON\nLINENUMBER_START=100\nLINENUMBER_STEP=5\n"
+        "X_AXIS=X\nY_AXIS=Y\nI_AXIS=I\nJ_AXIS=J\nRADIUS=NULL\nSPACEBETWEENCODE=1\nINC_CENTER=YES\n"
+        "SUBPROGRAMS=NO\nFLYOFFDIM=0\n[PartProgram_INPUT]\n#V1=Plate thickness,D,,10\n"
+        "#V2=Gas,T,O2|N2|AIR,O2\n[PartProgram_BEGIN]\nLINE1=(*filename)\nLINE2=_G90 G71\nLINE3=//END\n"
+        "[PartProgram_StartCUT]\nLINE1=_*RAPID_MOVE\nLINE2=_M07 (*profile_nr)\n"
+        "[PartProgram_EndCUT]\nLINE1=_M08\n[PartProgram_END]\nLINE1=_M30\n");
+    LoadCase(CircleOnce());
+    GenerateProgram("JOB.nst");
+    EXPECT_EQ(station.Program("JOB.cnc"),
+              (Lines{"(JOB.cnc)", "N100 G90 G71", "N105 G00 X23.000 Y10.000", "N110 M07 (1)",
+                     "N115 G01 G41 X25.000 Y10.000 ", "N120 G03 X25.000 Y10.000 I-5.000 J0.000", "N125 M08",
+                     "N130 M30"}));
+    EXPECT_EQ(AppState.PprInput[1].Value, "10");
+    EXPECT_EQ(AppState.PprInput[2].Value, "O2");
+}
+
 TEST(GenerateProgram, LeavesTheHandOverNoteWhenAsked)
 {
     const PostStation station("[PartProgram_CONFIG]\nFILE_EXTENSION=cnc\n");

@@ -329,6 +329,15 @@ TEST(InputBlock, ListTakesItsFirstOptionWhenNoneIsEqual)
     EXPECT_EQ(AppState.PprInput[2].Value, "") << "a list without options";
 }
 
+TEST(InputBlock, AnEmptyOptionIsOneWhereverItStands)
+{
+    const PostStation station("[PartProgram_INPUT]\n#V1=Gas,T,O2|,\n#V2=Gas,T,|O2,\n#V3=Gas,T,O2||N2,\n");
+    LoadPostProcessorValues();
+    for (std::size_t i = 1; i <= 3; ++i) {
+        EXPECT_EQ(AppState.PprInput[i].Value, "") << i;
+    }
+}
+
 TEST(InputBlock, FirstSlotMarkedUnusedAsksNothing)
 {
     const PostStation station("[PartProgram_INPUT]\n#V1=Gas,N,,O2\n#V2=Plate,D,,10\n");

@@ -234,6 +234,21 @@ TEST(WriteStartCut, FirstMoveTextWaitsForTheNextLine)
                      "N30 G01 X20.000 Y5.000 ;"}));
 }
 
+TEST(WriteStartCut, AWordInTheFirstMoveTextLeavesTheMoveWithoutItsOwn)
+{
+    // The text is expanded at the start of the cut, so compensation is on already when the move comes.
+    const PostStation station("[PartProgram_FirstMOVE]\nEND_LINE=*KERF_ON\n");
+    LoadPostProcessorValues();
+    LoadLineNumbering();
+    EXPECT_EQ(station.Written([] {
+        WriteStartCut(FileProgram, "INITTAG, 0.000, 0.000, -1, 1, 1, 1");
+        EXPECT_EQ(AppState.KerfState, KerfLeft);
+        WriteLinear(FileProgram, "TAGLIN, 0.000, 0.000, 10.000, 5.000,-1");
+        WriteLinear(FileProgram, "TAGLIN, 10.000, 5.000, 20.000, 5.000,-1");
+    }),
+              (Lines{"N10 G01 X10.000 Y5.000 G41", "N20 G01 X20.000 Y5.000 "}));
+}
+
 TEST(WriteEndCut, TurnsCompensationOffBehindItsBlock)
 {
     const PostStation station("[PartProgram_EndCUT]\nLINE1=*KERF_ON\n");
