@@ -172,6 +172,39 @@ TEST(GenerateProgram, IncrementalSubProgramsLeaveArcCentresAlone)
     }
 }
 
+TEST(GenerateProgram, CallsMoveByTheLowestLeadBelowZeroOnly)
+{
+    const PostStation station(
+        "[PartProgram_CONFIG]\nLINENUMBER=OFF\nSUBPROGRAMS=YES\nSUBPROGRAMSBYPROFILE=YES\n"
+        "[SubProgram_CALL]\nLINE1=*RAPID_MOVE\n[PartProgram_LinearMOVE]\nGCODE=move\n");
+    const auto calls = [&](const std::string& part) {
+        LoadCase(part + std::string(OneCopy));
+        GenerateProgram("P");
+        Lines lines = station.Program("P");
+        std::erase_if(lines, [](const std::string& line) { return line.starts_with("move"); });
+        return lines;
+    };
+    // leads begin at -1, 4 and at 30, -5: each low side counts by itself, whichever profile comes last
+    EXPECT_EQ(calls("line 2 8 8 16\nopen\nline 30 0 30 40\nopen\n"
+                    "lead 1 in=5,0 out=0,0 at=0 side=1\nlead 2 in=5,0 out=0,0 at=0 side=1\n"),
+              (Lines{"G00 X0.000 Y9.000", "G00 X31.000 Y0.000"}));
+    EXPECT_EQ(calls("line 30 5 30 40\nopen\nlead 1 in=3,0 out=0,0 at=0 side=1\n"),
+              Lines{"G00 X30.000 Y2.000"});
+}
+
+TEST(GenerateProgram, MarksStandInEachPassOfTheSubPrograms)
+{
+    const PostStation station("[PartProgram_CONFIG]\nLINENUMBER=OFF\nSUBPROGRAMS=YES\n"
+                              "[SubProgram_BEGIN]\nLINE1=sub\n[PartProgram_StartPOINT]\nLINE1=marks\n"
+                              "[PartProgram_POINT]\nLINE1=*RAPID_MOVE\n[SubProgram_CALL]\nLINE1=call\n");
+    LoadCase(std::string(Diagonal) + "point 10 12.5\nfields kerf=5 gapx=0 gapy=0\n"
+                                     "layout kind=0 columns=1 rows=1 gapx=0 gapy=0\n");
+    GenerateProgram("P");
+    const std::string mark = "G00 X10.000 Y12.500";
+    const std::string move = "G01 X40.000 Y20.000 ";
+    EXPECT_EQ(station.Program("P"), (Lines{"call", "sub", "marks", mark, move, "sub", "marks", mark, move}));
+}
+
 TEST(GenerateProgram, TheTracksOfTheLastCopyWaitForTheirFirstUser)
 {
     const PostStation station("[PartProgram_CONFIG]\nLINENUMBER=OFF\n[MainProgram_END]\n"
@@ -298,6 +331,17 @@ TEST(Simulation, WalksWithoutAFile)
     EXPECT_TRUE(Screen.Calls.empty());
     GenerateProgram("SIMULA");
     EXPECT_EQ(AppState.CollectionBuffer.size(), 2U) << "nothing piles up from run to run";
+}
+
+TEST(Simulation, KnowsNoLowCorner)
+{
+    const PostStation station;
+    LoadCase("line 2 8 8 16\nopen\nlead 1 in=5,0 out=0,0 at=0 side=1\n" + std::string(OneCopy));
+    GenerateProgram("P");
+    EXPECT_NEAR(AppState.ProgramMinX, -1.0, 1e-9);
+    GenerateProgram("SIMULA");
+    EXPECT_EQ(AppState.ProgramMinX, 0.0);
+    EXPECT_EQ(AppState.ProgramMinY, 0.0);
 }
 
 TEST(Simulation, IsNamedExactly)
