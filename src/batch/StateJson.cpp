@@ -5,8 +5,8 @@
 #include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Fault.h"
 #include "platform/Paths.h"
+#include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_ProfileCut.h"
-#include "shell/ValueFields.h"
 
 #include <charconv>
 #include <cmath>
@@ -312,18 +312,6 @@ void Import(JsonText& out)
     Close(out, '}');
 }
 } // namespace
-
-void ProgramOrigin(double& x, double& y)
-{
-    if (AppState.PathOriginSet != FlagOff) {
-        x = -AppState.PathOriginX;
-        y = -AppState.PathOriginY;
-        return;
-    }
-    const double kerf = FieldNumber(AppState.TextNesting[FieldKerf]);
-    x = kerf + FieldNumber(AppState.TextNesting[FieldGapX]) / 2.0;
-    y = kerf + FieldNumber(AppState.TextNesting[FieldGapY]) / 2.0;
-}
 
 std::string StateJson(bool withProgram)
 {

@@ -6,6 +6,3 @@
 /// The whole state; `withProgram` when a program was written. Numbers with 17 significant digits in every locale.
 /// A nest of millions of copies is a RunTimeFault.
 std::string StateJson(bool withProgram);
-
-/// Position of the nest's first cell in the program.
-void ProgramOrigin(double& x, double& y);

@@ -100,6 +100,9 @@ void WriteCircular(std::int16_t file, std::string_view vector);
 
 // --- the walk ------------------------------------------------------------------------------------------------
 
+/// Position of the nest's first cell in the program: within the edge, or with the path cursor's point at zero.
+void ProgramOrigin(double& x, double& y);
+
 /// File name of the program of job `name`: folders and all from the first "." cut, FILE_EXTENSION added.
 std::string ProgramFileName(const std::string& name);
 

@@ -365,18 +365,6 @@ void WriteCalls(Walk& walk)
 
 // --- the run ------------------------------------------------------------------------------------------------
 
-void FindOrigin(Walk& walk)
-{
-    if (AppState.PathOriginSet != FlagOff) {
-        walk.OriginX = -AppState.PathOriginX;
-        walk.OriginY = -AppState.PathOriginY;
-        return;
-    }
-    const double edge = FieldNumber(AppState.TextNesting[FieldKerf]);
-    walk.OriginX = edge + FieldNumber(AppState.TextNesting[FieldGapX]) / 2.0;
-    walk.OriginY = edge + FieldNumber(AppState.TextNesting[FieldGapY]) / 2.0;
-}
-
 void FindLowCorner()
 {
     AppState.ProgramMinX = 0.0;
@@ -462,6 +450,18 @@ void WalkProgram(Walk& walk)
 }
 } // namespace
 
+void ProgramOrigin(double& x, double& y)
+{
+    if (AppState.PathOriginSet != FlagOff) {
+        x = -AppState.PathOriginX;
+        y = -AppState.PathOriginY;
+        return;
+    }
+    const double edge = FieldNumber(AppState.TextNesting[FieldKerf]);
+    x = edge + FieldNumber(AppState.TextNesting[FieldGapX]) / 2.0;
+    y = edge + FieldNumber(AppState.TextNesting[FieldGapY]) / 2.0;
+}
+
 std::string ProgramFileName(const std::string& name)
 {
     const std::string base = BaseName(name.substr(name.find_last_of('/') + 1), ".");
@@ -473,7 +473,7 @@ void GenerateProgram(const std::string& name)
 {
     const RunGuard guard;
     Walk walk;
-    FindOrigin(walk);
+    ProgramOrigin(walk.OriginX, walk.OriginY);
     FindLowCorner();
     if (name == SimulationName) {
         BeginSimulation();
