@@ -217,7 +217,7 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
     app.add_option("--json", options.Json, "Write the finished state to FILE, - for standard output")
         ->type_name("FILE");
     app.add_flag("--remember", options.Remember, "Keep lead values in Korvanta.ini, as the station does");
-    app.add_flag("--quiet", options.Quiet, "No result lines, no progress");
+    app.add_flag("--quiet", options.Quiet, "No result lines, no progress; warnings stay");
 }
 
 /// The texts become steps and paths. The parse order holds one entry for each value given.

@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <unistd.h>
 
 namespace
@@ -58,6 +59,9 @@ SourceFile ResolveSource(const std::string& source)
 std::string FailureReason(const SourceFile& source)
 {
     const std::string native = NativePath(source.Path);
+    if (FolderExists(source.Path)) {
+        return native + " is a folder";
+    }
     if (!FileExists(source.Path)) {
         std::error_code ignored;
         const bool isHere = source.IsPlain && fs::exists(source.Name, ignored);
@@ -157,9 +161,43 @@ void WarnOpenProfiles()
 void WarnInputs()
 {
     for (std::size_t slot = 1; slot <= PprInputSlots; ++slot) {
-        if (SilentScreen.Inputs[slot].has_value() && AppState.PprInput[slot].Kind == 'N') {
-            std::fprintf(stderr, "warning: the post-processor table doesn't ask for value %zu\n", slot);
+        const std::optional<std::string>& answer = SilentScreen.Inputs[slot];
+        const PprInputValue& input = AppState.PprInput[slot];
+        if (!answer.has_value()) {
+            continue;
         }
+        if (input.Kind == 'N') {
+            std::fprintf(stderr, "warning: the post-processor table doesn't ask for value %zu\n", slot);
+        } else if (input.Kind == 'T' && UpperCase(*answer) != UpperCase(input.Value)) {
+            std::fprintf(stderr, "warning: value %zu is %s: \"%s\" is none of its options\n", slot,
+                         input.Value.c_str(), answer->c_str());
+        }
+    }
+}
+
+/// What was given for a program, when none is to be written.
+void WarnIdleOptions(const BatchOptions& options)
+{
+    if (!options.Out.empty()) {
+        std::fputs("warning: --out has no effect without --program\n", stderr);
+    }
+    for (const std::optional<std::string>& answer : options.Inputs) {
+        if (answer.has_value()) {
+            std::fputs("warning: --input has no effect without --program\n", stderr);
+            return;
+        }
+    }
+}
+
+/// What the operator would see at a glance on the screen.
+void WarnPart(std::int64_t copies)
+{
+    WarnOpenProfiles();
+    if (AppState.ProfileCount == 0 && AppState.MarkPointCount == 0) {
+        std::fputs("warning: the drawing holds nothing to cut\n", stderr);
+    }
+    if (copies == 0) {
+        std::fputs("warning: the sheet is too small for this nest: it holds no copy of the part\n", stderr);
     }
 }
 
@@ -225,14 +263,13 @@ int RunRoad(const BatchOptions& options)
     GoToScreen(ScreenNesting);
     if (!options.Program.empty()) {
         SaveProgram(options);
+    } else {
+        WarnIdleOptions(options);
     }
     const std::int64_t copies = options.Program.empty() ? CopiesOfNest() : AppState.ProgramCopies;
+    WarnPart(copies);
     if (!options.Quiet) {
-        WarnOpenProfiles();
         PrintResults(options, copies);
-    }
-    if (copies == 0) {
-        std::fputs("warning: the sheet is too small for this nest: it holds no copy of the part\n", stderr);
     }
     if (!options.Json.empty()) {
         WriteJson(options);

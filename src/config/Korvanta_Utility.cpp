@@ -257,7 +257,7 @@ std::string LevelsRoot(std::string_view path)
 void MakeLevel(const std::string& folder)
 {
     if (!folder.empty() && !FolderExists(folder) && !MakeFolder(folder)) {
-        throw RunTimeFault("folder " + folder + " can't be made");
+        throw RunTimeFault("folder " + NativeNewPath(folder) + " can't be made");
     }
 }
 constexpr std::size_t LongestTitle = 255;

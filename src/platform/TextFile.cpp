@@ -23,7 +23,7 @@ constexpr const char* UnfinishedEnd = ".part";
     const std::string reason = std::strerror(errno);
     writer.Buffer.clear(); // part of it may be on the disk: not a second time
     AbandonText(writer);
-    throw RunTimeFault("Cannot write " + writer.Path + ": " + reason);
+    throw RunTimeFault("Cannot write " + NativeNewPath(writer.Path) + ": " + reason);
 }
 
 bool Flush(TextWriter& writer)

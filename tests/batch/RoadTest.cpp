@@ -189,12 +189,27 @@ TEST(Road, TellsOpenProfiles)
     station.Folder.Write("NC/open.iso", "G0 X10 Y10\nG1 X20\nY40\n");
     const BatchResult result = station.Run({"open.iso"});
     EXPECT_THAT(result.Errors, HasSubstr("warning: profile 1 is open by 31.62 at 20, 40\n"));
+    EXPECT_EQ(station.Run({"open.iso", "--quiet"}).Errors, result.Errors) << "quiet keeps the warnings";
     const json state = station.State({"open.iso"});
     ASSERT_EQ(state["Import"]["Open"].size(), 1U);
     EXPECT_EQ(state["Import"]["Open"][0]["Profile"], 1);
     EXPECT_NEAR(state["Import"]["Open"][0]["Gap"], 31.6227766016838, 1e-9);
     EXPECT_EQ(state["Import"]["Open"][0]["X"], 20.0);
     EXPECT_EQ(state["Import"]["Open"][0]["Y"], 40.0);
+}
+
+TEST(Road, WarnsOfADrawingWithNothingToCut)
+{
+    const BatchStation station;
+    const std::string mark = "0\nPOINT\n10\n5\n20\n5\n";
+    const std::string head = "0\nSECTION\n2\nENTITIES\n";
+    const std::string tail = "0\nENDSEC\n0\nEOF\n";
+    station.Folder.Write("DXF/none.dxf", head + "0\nTEXT\n10\n5\n20\n5\n1\nplate\n" + tail);
+    station.Folder.Write("DXF/mark.dxf", head + mark + tail);
+    const BatchResult none = station.Run({"none.dxf"});
+    EXPECT_EQ(none.Status, 0);
+    EXPECT_EQ(none.Errors, "warning: the drawing holds nothing to cut\n");
+    EXPECT_EQ(station.Run({"mark.dxf"}).Errors, "") << "marks are work, too";
 }
 
 TEST(Road, LeavesTheConfigurationAloneUnlessToldOtherwise)
@@ -226,6 +241,9 @@ TEST(Road, AnswersTheInputBlock)
     EXPECT_EQ(first({"--input", "2=air", "--input", "1=6.5 mm"}), "(6.5 mm AIR)");
     EXPECT_EQ(first({"--input", "2=argon"}).substr(0, 1), "(");
     EXPECT_THAT(first({"--input", "2=argon"}), HasSubstr(" O2)")) << "the first option, when none is equal";
+    EXPECT_EQ(station.Run({"box.iso", "--program", "I", "--input", "2=argon", "--quiet"}).Errors,
+              "warning: value 2 is O2: \"argon\" is none of its options\n");
+    EXPECT_EQ(station.Run({"box.iso", "--program", "I", "--input", "2=air", "--quiet"}).Errors, "");
     EXPECT_THAT(station.Run({"box.iso", "--program", "I", "--input", "5=x"}).Errors,
                 HasSubstr("doesn't ask for value 5"));
 }

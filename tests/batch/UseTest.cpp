@@ -95,7 +95,9 @@ TEST(Use, AFailedImportShowsTheStationsMessageAndWhy)
                 HasSubstr("Nessun pezzo. Importazione fallita."));
     station.Folder.Write("NC/rapid.iso", "G0 X10\n");
     EXPECT_THAT(station.Run({"rapid.iso"}).Errors, HasSubstr("no move that cuts"));
-    EXPECT_EQ(station.Run({station.Folder.Path + "/NC"}).Status, 1) << "a folder is no program";
+    const BatchResult folder = station.Run({station.Folder.Path + "/NC"});
+    EXPECT_EQ(folder.Status, 1) << "a folder is no program";
+    EXPECT_THAT(folder.Errors, HasSubstr(station.Folder.Path + "/NC is a folder\n"));
 }
 
 TEST(Use, ADrawingIsFoundByItsExtension)
@@ -237,7 +239,27 @@ TEST(Use, AFolderThatCannotBeMadeIsNamed)
     const BatchResult result =
         station.Run({"box.iso", "--program", "P", "--out", station.Folder.Path + "/NC/box.iso/x"});
     EXPECT_EQ(result.Status, 1);
-    EXPECT_THAT(result.Errors, HasSubstr("box.iso"));
+    EXPECT_EQ(result.Errors, "korvanta-batch: folder " + station.Folder.Path + "/NC/box.iso can't be made\n");
+}
+
+TEST(Use, AFileThatCannotBeWrittenIsNamedAsOnDisk)
+{
+    const BatchStation station;
+    station.Folder.Write("NC/P/x", "a folder in the way");
+    const BatchResult result = station.Run({"box.iso", "--program", "P"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors,
+              "korvanta-batch: Cannot write " + station.Folder.Path + "/NC/P: Is a directory\n");
+}
+
+TEST(Use, OptionsWithoutAProgramAreTold)
+{
+    const BatchStation station;
+    const BatchResult result = station.Run({"box.iso", "--out", "there", "--input", "1=5"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Errors, "warning: --out has no effect without --program\n"
+                             "warning: --input has no effect without --program\n");
+    EXPECT_FALSE(station.Folder.Holds("there"));
 }
 
 TEST(Use, AFullDiskIsToldEverywhere)

@@ -97,7 +97,7 @@ TEST_F(FolderNames, LevelThatCannotBeMadeIsAFaultThatNamesIt)
         NormalisePath("C:\\JOBS\\NEST\\DATA");
         FAIL() << "no fault";
     } catch (const RunTimeFault& fault) {
-        EXPECT_STREQ(fault.what(), "folder C:\\JOBS can't be made");
+        EXPECT_EQ(fault.what(), "folder " + Station.Path + "/drive_c/JOBS can't be made");
     }
     EXPECT_EQ(Station.Read("drive_c/JOBS"), "a file in the way");
 }

@@ -186,9 +186,9 @@ TEST(TextWriters, TellFileAndReason)
     folder.Write("sub/x", "");
     TextWriter writer;
     EXPECT_EQ(FaultOf([&] { OpenText(writer, folder.Path + "\\none\\a.nc"); }),
-              "Cannot write " + folder.Path + "\\none\\a.nc: No such file or directory");
+              "Cannot write " + folder.Path + "/none/a.nc: No such file or directory");
     EXPECT_EQ(FaultOf([&] { OpenText(writer, folder.Path + "\\sub"); }),
-              "Cannot write " + folder.Path + "\\sub: Is a directory");
+              "Cannot write " + folder.Path + "/sub: Is a directory");
     EXPECT_EQ(FaultOf([&] { OpenText(writer, "/dev/null"); }), "Cannot write /dev/null: File exists");
     EXPECT_TRUE(fs::exists("/dev/null")) << "a device is not removed as an old program";
     EXPECT_NE(FaultOf([&] { CloseText(writer); }), "") << "nothing is open";
@@ -204,7 +204,7 @@ TEST(TextWriters, SeeAFullDisk)
     OpenText(writer, folder.Path + "\\a.nc");
     WriteTextLine(writer, "N10");
     const std::string atClose = FaultOf([&] { CloseText(writer); });
-    EXPECT_EQ(atClose, "Cannot write " + folder.Path + "\\a.nc: No space left on device");
+    EXPECT_EQ(atClose, "Cannot write " + folder.Path + "/a.nc: No space left on device");
     EXPECT_FALSE(folder.Holds("a.nc"));
     EXPECT_EQ(writer.Handle, nullptr);
 
@@ -233,7 +233,7 @@ TEST(TextWriters, SeeALimitOnFiles)
         FaultOf([&] { WriteWholeText(folder.Path + "\\a.nc", std::string(2000, 'x')); });
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(fault, "Cannot write " + folder.Path + "\\a.nc: File too large");
+    EXPECT_EQ(fault, "Cannot write " + folder.Path + "/a.nc: File too large");
     EXPECT_FALSE(folder.Holds("a.nc"));
     EXPECT_TRUE(folder.Holds("a.nc.part"));
 }
