@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Sets up, builds, and does the main job: cuts a sample drawing into an NC program in build/station.
-# With arguments: hands them to korvanta-batch, working in build/station.
+# With arguments: hands them to korvanta-batch of build/station; paths among them start where you are.
 set -euo pipefail
+caller=$PWD
 cd "$(dirname "$0")"
 
 ./setup.sh
@@ -11,12 +12,14 @@ cmake --build --preset release --target korvanta-batch
 # The program folder of a station: the program with its texts, tables and sample drawings around it. What a run changed
 # there stays.
 station=build/station
+root=$PWD
 mkdir -p "$station"
 cp -rn station/. "$station/"
 cp -f build/release/bin/korvanta-batch "$station/"
 
 if [ $# -gt 0 ]; then
-    exec "$station/korvanta-batch" "$@"
+    cd "$caller"
+    exec "$root/$station/korvanta-batch" "$@"
 fi
 
 "$station/korvanta-batch" BRACKET.dxf --program BRACKET \
