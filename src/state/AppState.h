@@ -117,6 +117,7 @@ struct AppStateRecord {
     double MaxY = 0.0;
     std::int16_t WorkExternalSense = 0; ///< senses in force for OrientProfiles
     std::int16_t WorkInternalSense = 0;
+    Flag ShapeFlagTwin = FlagOff; ///< the part is one of the twin-half shapes
     Flag OpenShapePart = FlagOff; ///< set by the shapes that draw an open part
     Flag KeepLeadData = FlagOff;  ///< lead data of the last development stays in force
     double MoveStep = 10.0;       ///< field "Move Step"

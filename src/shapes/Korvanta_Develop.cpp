@@ -1,0 +1,158 @@
+#include "shapes/Korvanta_Develop.h"
+
+#include "profile/Korvanta_Common.h"
+#include "profile/Korvanta_ProfileCut.h"
+#include "shapes/Builders.h"
+#include "shapes/Korvanta_Parameters.h"
+#include "shapes/ShapeMoves.h"
+#include "shell/MsgBox_Unicode.h"
+#include "shell/ValueFields.h"
+#include "state/AppState.h"
+
+#include <cmath>
+
+namespace
+{
+/// Messages of the failure box.
+constexpr int MessageFailure = 34;
+constexpr int MessageBadPart = 35;
+
+constexpr std::int16_t ShapePanelStroke = FamilyRect + 39;
+constexpr std::int16_t ShapeTwinRectangles = FamilyRect + 40;
+constexpr std::int16_t ShapeTwinHalves = FamilyRect + 41;
+constexpr std::int16_t ShapeTwinCircle = FamilyCircular + 25;
+constexpr std::int16_t ShapeTwinRing = FamilyCircular + 26;
+
+/// The visible fields by index; a hidden field counts as 0 whatever its text.
+ShapeParameters ReadParameters()
+{
+    ShapeParameters parameters{};
+    std::size_t index = 1;
+    for (const ValueField& field : AppState.ParamText) {
+        parameters[index++] = field.Visible != 0 ? FieldNumber(field) : 0.0;
+    }
+    return parameters;
+}
+
+/// Tables empty, flags of the part before cleared. The lead data of the same part stays when asked for.
+void ClearForDevelopment()
+{
+    std::vector<ProfileRecord> kept;
+    if (AppState.KeepLeadData != 0) {
+        kept.swap(AppState.ProfileTable);
+    }
+    ClearPart();
+    if (AppState.KeepLeadData != 0) {
+        AppState.ProfileTable.swap(kept);
+    }
+    AppState.ShapeFlagTwin = FlagOff;
+    AppState.OpenShapePart = FlagOff;
+}
+
+void SetPartFlags()
+{
+    const std::int16_t id = AppState.ShapeId;
+    const bool stroke = id == ShapePanelStroke || id == ShapeTwinRectangles;
+    const bool twin = id == ShapeTwinHalves || id == ShapeTwinCircle || id == ShapeTwinRing;
+    AppState.OpenShapePart = ToFlag(stroke || twin);
+    AppState.NoKerfCodes = ToFlag(stroke);
+}
+
+/// A part that is nothing but a hole is cut in the sense of an inner contour.
+void PickWorkingSenses()
+{
+    const bool hole = AppState.ShapeId >= FamilyHoles;
+    AppState.WorkExternalSense = hole ? AppState.InternalPathSense : AppState.ExternalPathSense;
+    AppState.WorkInternalSense = hole ? AppState.ExternalPathSense : AppState.InternalPathSense;
+}
+
+bool IsFinite(const ProfileElement& element)
+{
+    const double values[] = {element.GeoA,   element.GeoB, element.GeoC, element.StartX,
+                             element.StartY, element.EndX, element.EndY, element.Length};
+    for (const double value : values) {
+        if (!std::isfinite(value)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Builders leave some divisions unguarded: what comes out of them must not reach a program.
+bool TablesAreSound()
+{
+    bool elementsSeen = false;
+    for (std::int32_t i = 1; i <= AppState.ElementCount; ++i) {
+        const ProfileElement& element = AppState.ElementTable[static_cast<std::size_t>(i)];
+        if (!IsFinite(element)) {
+            return false;
+        }
+        if (IsEndMark(element.Kind) && !elementsSeen) {
+            return false;
+        }
+        elementsSeen = !IsEndMark(element.Kind);
+    }
+    return AppState.ElementCount > 0;
+}
+} // namespace
+
+bool BuildCurrentPart()
+{
+    std::int16_t err = 0;
+    if (AppState.ShapeId >= 1) {
+        DevelopShape(err);
+    }
+    if (err != 0) {
+        bool confirmed = false;
+        ShowBox(MessageText(MessageFailure), MessageText(MessageBadPart), "", false, confirmed);
+        return false;
+    }
+    return true;
+}
+
+void DevelopShape(std::int16_t& err)
+{
+    err = 0;
+    const ShapeParameters parameters = ReadParameters();
+    ClearForDevelopment();
+    const ShapeBuilder builder = FindBuilder(AppState.ShapeId, parameters);
+    if (builder != nullptr) {
+        builder(parameters, err);
+    } else {
+        err = ErrBadShape;
+    }
+    SetPartFlags();
+    AppState.CurrentProfile = 1;
+    ShiftToOrigin();
+    std::int16_t largest = 0;
+    ComputeProfileAreas(largest);
+    PickWorkingSenses();
+    OrientProfiles();
+    MeasureProfiles(FlagOn);
+    ApplyTransform(NoValue, -1, -1.0, FlagOff);
+    if (err == 0 && !TablesAreSound()) {
+        err = ErrBadShape;
+    }
+}
+
+void RoundedRectangle(const double& cx, const double& cy, const double& width, const double& height,
+                      const double& r, std::int16_t& err)
+{
+    if (Fails(!(2 * r < width && 2 * r < height), err)) {
+        return;
+    }
+    const double left = cx - width / 2;
+    const double right = cx + width / 2;
+    const double bottom = cy - height / 2;
+    const double top = cy + height / 2;
+    ShapePen pen{left + r, bottom};
+    pen.StatesEnds = true;
+    LineTo(pen, right - r, bottom, err);
+    ArcTo(pen, right - r, bottom + r, r, right, bottom + r);
+    LineTo(pen, right, top - r, err);
+    ArcTo(pen, right - r, top - r, r, right - r, top);
+    LineTo(pen, left + r, top, err);
+    ArcTo(pen, left + r, top - r, r, left, top - r);
+    LineTo(pen, left, bottom + r, err);
+    ArcTo(pen, left + r, bottom + r, r, left + r, bottom);
+}

@@ -1,0 +1,60 @@
+// ShapeMoves.h -- the few moves that every builder is written in: a pen that draws lines and arcs into the element table,
+// holes, and the checks at a builder's head.
+#pragma once
+
+#include "geometry/Orbalib.h"
+#include "shapes/Korvanta_Develop.h"
+
+#include <cstdint>
+#include <initializer_list>
+
+/// Values of the class on a closing record ("LeadHint").
+inline constexpr double HintPlain = 0.0;
+inline constexpr double HintRound = 2.0;
+inline constexpr double HintFramed = 4.0;
+
+/// The least length of a required measure.
+inline constexpr double LeastMeasure = 0.1;
+
+/// Where the contour stands that is being drawn, and what its records carry.
+struct ShapePen {
+    double X = 0.0;
+    double Y = 0.0;
+    std::int16_t Sense = 1;
+    bool StatesEnds = false; ///< records carry their own end instead of leaving it to the next record
+};
+
+/// Draws to (x, y). A line of no length is a failure of the geometry, left in `err`.
+void LineTo(ShapePen& pen, double x, double y, std::int16_t& err);
+
+/// Draws about (cx, cy) to (x, y); r above 0 counter-clockwise, below 0 clockwise.
+void ArcTo(ShapePen& pen, double cx, double cy, double r, double x, double y);
+
+/// Closes a contour that is not the last one / the last one, where the pen stands.
+void CloseInner(const ShapePen& pen, double leadHint);
+void CloseOuter(const ShapePen& pen, double leadHint);
+
+/// A whole inner contour: a full circle about (cx, cy), counter-clockwise from (x, y).
+void RoundHole(double x, double y, double cx, double cy, double diameter);
+
+/// The same from its bottom point, left out when the diameter isn't above 0.
+void HoleFromBottom(double cx, double cy, double diameter);
+
+/// True, with ErrBadShape in `err`, when any measure is below 0.1. Written so that no NaN passes.
+bool AnyTooSmall(std::initializer_list<double> measures, std::int16_t& err);
+
+/// True, with ErrBadShape in `err`, when `failed` holds.
+bool Fails(bool failed, std::int16_t& err);
+
+GeoPoint PointAt(double x, double y);
+GeoCircle CircleAt(double cx, double cy, double r);
+
+/// The line tangent to two directed circles; its failure is merged into `err`, never cleared.
+GeoLine TangentOf(const GeoCircle& from, const GeoCircle& to, std::int16_t& err);
+
+/// Where a line meets a circle first, or last.
+GeoPoint FirstMeeting(const GeoLine& line, const GeoCircle& circle, std::int16_t& err);
+GeoPoint LastMeeting(const GeoLine& line, const GeoCircle& circle, std::int16_t& err);
+
+/// The directed line through two points.
+GeoLine LineThrough(double x1, double y1, double x2, double y2, std::int16_t& err);
