@@ -4,6 +4,7 @@
 #include "profile/Korvanta_ProfileCut.h"
 #include "shapes/Builders.h"
 #include "shapes/Korvanta_Parameters.h"
+#include "shapes/ShapeContours.h"
 #include "shapes/ShapeMoves.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
@@ -141,18 +142,5 @@ void RoundedRectangle(const double& cx, const double& cy, const double& width, c
     if (Fails(!(2 * r < width && 2 * r < height), err)) {
         return;
     }
-    const double left = cx - width / 2;
-    const double right = cx + width / 2;
-    const double bottom = cy - height / 2;
-    const double top = cy + height / 2;
-    ShapePen pen{left + r, bottom};
-    pen.StatesEnds = true;
-    LineTo(pen, right - r, bottom, err);
-    ArcTo(pen, right - r, bottom + r, r, right, bottom + r);
-    LineTo(pen, right, top - r, err);
-    ArcTo(pen, right - r, top - r, r, right - r, top);
-    LineTo(pen, left + r, top, err);
-    ArcTo(pen, left + r, top - r, r, left, top - r);
-    LineTo(pen, left, bottom + r, err);
-    ArcTo(pen, left + r, bottom + r, r, left + r, bottom);
+    BoxContour(cx, cy, width, height, r, 1, err);
 }

@@ -32,6 +32,11 @@ void ArcTo(ShapePen& pen, double cx, double cy, double r, double x, double y)
     Draw(pen, KindArc, CircleAt(cx, cy, r), x, y);
 }
 
+void DrawOn(const ShapePen& pen, std::int16_t kind, const GeoLine& geometry, double x, double y)
+{
+    AddElement(kind, x, y, geometry[1], geometry[2], geometry[3], NoValue, NoValue, pen.Sense);
+}
+
 void CloseInner(const ShapePen& pen, double leadHint)
 {
     Close(pen, KindEnd, leadHint);
@@ -44,6 +49,9 @@ void CloseOuter(const ShapePen& pen, double leadHint)
 
 void RoundHole(double x, double y, double cx, double cy, double diameter)
 {
+    if (!(diameter > 0.0)) {
+        return;
+    }
     ShapePen pen{x, y};
     ArcTo(pen, cx, cy, diameter / 2, x, y);
     CloseInner(pen, HintRound);
@@ -51,9 +59,7 @@ void RoundHole(double x, double y, double cx, double cy, double diameter)
 
 void HoleFromBottom(double cx, double cy, double diameter)
 {
-    if (diameter > 0.0) {
-        RoundHole(cx, cy - diameter / 2, cx, cy, diameter);
-    }
+    RoundHole(cx, cy - diameter / 2, cx, cy, diameter);
 }
 
 bool AnyTooSmall(std::initializer_list<double> measures, std::int16_t& err)
@@ -114,4 +120,23 @@ GeoLine LineThrough(double x1, double y1, double x2, double y2, std::int16_t& er
     GeoLine line{};
     r_pp(line, PointAt(x1, y1), PointAt(x2, y2), err);
     return line;
+}
+
+GeoCircle FilletOf(const GeoCircle& from, const GeoCircle& to, double r, std::int16_t& err)
+{
+    GeoCircle circle{};
+    s_cc(circle, from, to, r, err);
+    return circle;
+}
+
+GeoPoint ContactOf(const GeoCircle& one, const GeoCircle& other, std::int16_t& err)
+{
+    GeoPoint point{};
+    p_cc(point, one, other, 1, err);
+    return point;
+}
+
+void ArcOn(ShapePen& pen, const GeoCircle& circle, const GeoPoint& to)
+{
+    ArcTo(pen, circle[1], circle[2], circle[3], to[1], to[2]);
 }

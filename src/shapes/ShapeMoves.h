@@ -30,14 +30,19 @@ void LineTo(ShapePen& pen, double x, double y, std::int16_t& err);
 /// Draws about (cx, cy) to (x, y); r above 0 counter-clockwise, below 0 clockwise.
 void ArcTo(ShapePen& pen, double cx, double cy, double r, double x, double y);
 
+/// Adds one record that starts at (x, y) on a given line or circle; its end is left to the next record. The pen stays
+/// where the contour began.
+void DrawOn(const ShapePen& pen, std::int16_t kind, const GeoLine& geometry, double x, double y);
+
 /// Closes a contour that is not the last one / the last one, where the pen stands.
 void CloseInner(const ShapePen& pen, double leadHint);
 void CloseOuter(const ShapePen& pen, double leadHint);
 
-/// A whole inner contour: a full circle about (cx, cy), counter-clockwise from (x, y).
+/// A whole inner contour: a full circle about (cx, cy), counter-clockwise from (x, y). Left out when the diameter isn't
+/// above 0.
 void RoundHole(double x, double y, double cx, double cy, double diameter);
 
-/// The same from its bottom point, left out when the diameter isn't above 0.
+/// The same from its bottom point.
 void HoleFromBottom(double cx, double cy, double diameter);
 
 /// True, with ErrBadShape in `err`, when any measure is below 0.1. Written so that no NaN passes.
@@ -58,3 +63,12 @@ GeoPoint LastMeeting(const GeoLine& line, const GeoCircle& circle, std::int16_t&
 
 /// The directed line through two points.
 GeoLine LineThrough(double x1, double y1, double x2, double y2, std::int16_t& err);
+
+/// The circle of signed radius r tangent to two directed circles.
+GeoCircle FilletOf(const GeoCircle& from, const GeoCircle& to, double r, std::int16_t& err);
+
+/// Where two circles touch.
+GeoPoint ContactOf(const GeoCircle& one, const GeoCircle& other, std::int16_t& err);
+
+/// Draws along a directed circle to a point on it.
+void ArcOn(ShapePen& pen, const GeoCircle& circle, const GeoPoint& to);
