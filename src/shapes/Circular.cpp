@@ -522,7 +522,7 @@ void BuildC21(const ShapeParameters& p, std::int16_t& err)
 
 // Ellipse, B along X and A along Y, as a chain of straight chords of about P length, clockwise from (-B/2, 0). Nothing is
 // checked here; the last record has no length, and the records carry no line.
-void BuildC22(const ShapeParameters& p, std::int16_t& err)
+void BuildC22(const ShapeParameters& p, std::int16_t& /*err*/)
 {
     const double A = p[1];
     const double B = p[2];

@@ -3,6 +3,7 @@
 #include "shapes/Builders.h"
 #include "shapes/ShapeContours.h"
 #include "shapes/ShapeMoves.h"
+#include "state/Numbers.h"
 
 namespace
 {

@@ -2,6 +2,7 @@
 #include "shapes/Builders.h"
 #include "shapes/ShapeContours.h"
 #include "shapes/ShapeMoves.h"
+#include "state/Numbers.h"
 
 #include <cmath>
 
