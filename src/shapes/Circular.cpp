@@ -29,9 +29,7 @@ void BuildC01(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A}, err)) {
         return;
     }
-    ShapePen pen{A / 2, 0};
-    ArcTo(pen, A / 2, A / 2, -A / 2, A / 2, 0);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(A / 2, 0, A / 2, A / 2, -A / 2), HintRound);
 }
 
 // Ring: outer diameter A, hole B.
@@ -43,9 +41,7 @@ void BuildC02(const ShapeParameters& p, std::int16_t& err)
         return;
     }
     HoleFromBottom(0, 0, B);
-    ShapePen pen{0, -A / 2};
-    ArcTo(pen, 0, 0, -A / 2, 0, -A / 2);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(0, -A / 2, 0, 0, -A / 2), HintRound);
 }
 
 // Flange: disc of diameter A, optional centre hole B, and Nr holes D on a pitch circle Df. The first of them stands
@@ -68,12 +64,11 @@ void BuildC03(const ShapeParameters& p, std::int16_t& err)
         const double angle = k * 2 * Pi / Nr - Pi / 2;
         HoleFromBottom(A / 2 + Df / 2 * std::cos(angle), A / 2 + Df / 2 * std::sin(angle), D);
     }
-    ShapePen pen{0, A / 2};
-    ArcTo(pen, A / 2, A / 2, -A / 2, 0, A / 2);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(0, A / 2, A / 2, A / 2, -A / 2), HintRound);
 }
 
-// Lug: base (0, 0) to (B, 0), right side straight up to the circle radius R about (B - R, A), tangent line from (0, 0) to that circle, hole D at the circle's centre.
+// Lug: base (0, 0) to (B, 0), right side straight up to the circle radius R about (B - R, A), tangent line from (0,
+// 0) to that circle, hole D at the circle's centre.
 void BuildC04(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -83,12 +78,12 @@ void BuildC04(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, R}, err) || Fails(D < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(0, 0, 0), CircleAt(B - R, A, -R), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B - R, A, -R), err);
+    const GeoCircle eye = CircleAt(B - R, A, -R);
+    const TouchingPoints T1 = TangentOf(CircleAt(0, 0, 0), eye, err);
     HoleFromBottom(B - R, A, D);
     ShapePen pen{0, 0};
-    LineTo(pen, P1[1], P1[2], err);
-    ArcTo(pen, B - R, A, -R, B, A);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, eye, PointAt(B, A));
     LineTo(pen, B, 0, err);
     LineTo(pen, 0, 0, err);
     CloseOuter(pen, HintPlain);
@@ -104,14 +99,13 @@ void BuildC05(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, R}, err) || Fails(D < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(0, 0, 0), CircleAt(B / 2, A, -R), err);
-    const GeoLine T2 = TangentOf(CircleAt(B / 2, A, -R), CircleAt(B, 0, 0), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B / 2, A, -R), err);
-    const GeoPoint P2 = FirstMeeting(T2, CircleAt(B / 2, A, -R), err);
+    const GeoCircle eye = CircleAt(B / 2, A, -R);
+    const TouchingPoints T1 = TangentOf(CircleAt(0, 0, 0), eye, err);
+    const TouchingPoints T2 = TangentOf(eye, CircleAt(B, 0, 0), err);
     HoleFromBottom(B / 2, A, D);
     ShapePen pen{0, 0};
-    LineTo(pen, P1[1], P1[2], err);
-    ArcTo(pen, B / 2, A, -R, P2[1], P2[2]);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, eye, T2.From);
     LineTo(pen, B, 0, err);
     LineTo(pen, 0, 0, err);
     CloseOuter(pen, HintPlain);
@@ -128,15 +122,14 @@ void BuildC06(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, C, R}, err) || Fails(D < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(0, C, 0), CircleAt(B / 2, A, -R), err);
-    const GeoLine T2 = TangentOf(CircleAt(B / 2, A, -R), CircleAt(B, C, 0), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B / 2, A, -R), err);
-    const GeoPoint P2 = FirstMeeting(T2, CircleAt(B / 2, A, -R), err);
+    const GeoCircle eye = CircleAt(B / 2, A, -R);
+    const TouchingPoints T1 = TangentOf(CircleAt(0, C, 0), eye, err);
+    const TouchingPoints T2 = TangentOf(eye, CircleAt(B, C, 0), err);
     HoleFromBottom(B / 2, A, D);
     ShapePen pen{0, 0};
     LineTo(pen, 0, C, err);
-    LineTo(pen, P1[1], P1[2], err);
-    ArcTo(pen, B / 2, A, -R, P2[1], P2[2]);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, eye, T2.From);
     LineTo(pen, B, C, err);
     LineTo(pen, B, 0, err);
     LineTo(pen, 0, 0, err);
@@ -155,16 +148,15 @@ void BuildC07(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, C, D, R}, err) || Fails(Di < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(B / 2 - D / 2, C, 0), CircleAt(B / 2, A, -R), err);
-    const GeoLine T2 = TangentOf(CircleAt(B / 2, A, -R), CircleAt(B / 2 + D / 2, C, 0), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B / 2, A, -R), err);
-    const GeoPoint P2 = FirstMeeting(T2, CircleAt(B / 2, A, -R), err);
+    const GeoCircle eye = CircleAt(B / 2, A, -R);
+    const TouchingPoints T1 = TangentOf(CircleAt(B / 2 - D / 2, C, 0), eye, err);
+    const TouchingPoints T2 = TangentOf(eye, CircleAt(B / 2 + D / 2, C, 0), err);
     HoleFromBottom(B / 2, A, Di);
     ShapePen pen{0, 0};
     LineTo(pen, 0, C, err);
     LineTo(pen, B / 2 - D / 2, C, err);
-    LineTo(pen, P1[1], P1[2], err);
-    ArcTo(pen, B / 2, A, -R, P2[1], P2[2]);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, eye, T2.From);
     LineTo(pen, B / 2 + D / 2, C, err);
     LineTo(pen, B, C, err);
     LineTo(pen, B, 0, err);
@@ -185,7 +177,8 @@ void BuildC08(const ShapeParameters& p, std::int16_t& err)
     DPlate(A, B, err);
 }
 
-// C-08 with a slot D wide instead of the hole, with two round ends; the slot's end centres are (B/2, B/2) and (B/2 + C - D, B/2).
+// C-08 with a slot D wide instead of the hole, with two round ends; the slot's end centres are (B/2, B/2) and (B/2 +
+// C - D, B/2).
 void BuildC09(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -223,7 +216,8 @@ void BuildC10(const ShapeParameters& p, std::int16_t& err)
     DPlate(A, B, err);
 }
 
-// Link: two circles R1 and R2, B apart on a line, joined by two tangent lines; optional holes D1 at the first and D2 at the second centre.
+// Link: two circles R1 and R2, B apart on a line, joined by two tangent lines; optional holes D1 at the first and D2
+// at the second centre.
 void BuildC11(const ShapeParameters& p, std::int16_t& err)
 {
     const double B = p[1];
@@ -234,23 +228,13 @@ void BuildC11(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({B, R1, R2}, err) || Fails(D1 < 0, err) || Fails(D2 < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(B + R1, R1, -R2), CircleAt(R1, R1, -R1), err);
-    const GeoLine T2 = TangentOf(CircleAt(R1, R1, -R1), CircleAt(B + R1, R1, -R2), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B + R1, R1, -R2), err);
-    const GeoPoint P2 = FirstMeeting(T1, CircleAt(R1, R1, -R1), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(R1, R1, -R1), err);
-    const GeoPoint P4 = FirstMeeting(T2, CircleAt(B + R1, R1, -R2), err);
     HoleFromBottom(R1, R1, D1);
     HoleFromBottom(B + R1, R1, D2);
-    ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
-    ArcTo(pen, R1, R1, -R1, P3[1], P3[2]);
-    LineTo(pen, P4[1], P4[2], err);
-    ArcTo(pen, B + R1, R1, -R2, P1[1], P1[2]);
-    CloseOuter(pen, HintRound);
+    Belt({CircleAt(B + R1, R1, -R2), CircleAt(R1, R1, -R1)}, err);
 }
 
-// Three-circle link: R2, R1, R2 at the spacing B/2, joined by four tangent lines; holes D1 in the middle and D2 in the two ends.
+// Three-circle link: R2, R1, R2 at the spacing B/2, joined by four tangent lines; holes D1 in the middle and D2 in
+// the two ends.
 void BuildC12(const ShapeParameters& p, std::int16_t& err)
 {
     const double B = p[1];
@@ -261,30 +245,25 @@ void BuildC12(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({B, R1, R2}, err) || Fails(D1 < 0, err) || Fails(D2 < 0, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(B + R2, R1, -R2), CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoLine T2 = TangentOf(CircleAt(B / 2 + R2, R1, -R1), CircleAt(R2, R1, -R2), err);
-    const GeoLine T3 = TangentOf(CircleAt(R2, R1, -R2), CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoLine T4 = TangentOf(CircleAt(B / 2 + R2, R1, -R1), CircleAt(B + R2, R1, -R2), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoPoint P2 = FirstMeeting(T2, CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(R2, R1, -R2), err);
-    const GeoPoint P4 = FirstMeeting(T3, CircleAt(R2, R1, -R2), err);
-    const GeoPoint P5 = FirstMeeting(T3, CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoPoint P6 = FirstMeeting(T4, CircleAt(B / 2 + R2, R1, -R1), err);
-    const GeoPoint P7 = FirstMeeting(T4, CircleAt(B + R2, R1, -R2), err);
-    const GeoPoint P8 = FirstMeeting(T1, CircleAt(B + R2, R1, -R2), err);
+    const GeoCircle left = CircleAt(R2, R1, -R2);
+    const GeoCircle middle = CircleAt(B / 2 + R2, R1, -R1);
+    const GeoCircle right = CircleAt(B + R2, R1, -R2);
+    const TouchingPoints T1 = TangentOf(right, middle, err);
+    const TouchingPoints T2 = TangentOf(middle, left, err);
+    const TouchingPoints T3 = TangentOf(left, middle, err);
+    const TouchingPoints T4 = TangentOf(middle, right, err);
     HoleFromBottom(B / 2 + R2, R1, D1);
     HoleFromBottom(R2, R1, D2);
     HoleFromBottom(B + R2, R1, D2);
-    ShapePen pen{P1[1], P1[2]};
-    ArcTo(pen, B / 2 + R2, R1, -R1, P2[1], P2[2]);
-    LineTo(pen, P3[1], P3[2], err);
-    ArcTo(pen, R2, R1, -R2, P4[1], P4[2]);
-    LineTo(pen, P5[1], P5[2], err);
-    ArcTo(pen, B / 2 + R2, R1, -R1, P6[1], P6[2]);
-    LineTo(pen, P7[1], P7[2], err);
-    ArcTo(pen, B + R2, R1, -R2, P8[1], P8[2]);
-    LineTo(pen, P1[1], P1[2], err);
+    ShapePen pen{T1.To[1], T1.To[2]};
+    ArcOn(pen, middle, T2.From);
+    LineTo(pen, T2.To, err);
+    ArcOn(pen, left, T3.From);
+    LineTo(pen, T3.To, err);
+    ArcOn(pen, middle, T4.From);
+    LineTo(pen, T4.To, err);
+    ArcOn(pen, right, T1.From);
+    LineTo(pen, T1.To, err);
     CloseOuter(pen, HintRound);
 }
 
@@ -339,10 +318,13 @@ void BuildC14(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, Ri, Re}, err)) {
         return;
     }
+    constexpr double RadiansPerDegree = 0.01745329252; // the digits of this shape
+    const double x = std::cos(RadiansPerDegree * A);
+    const double y = std::sin(RadiansPerDegree * A);
     ShapePen pen{Re, 0};
     LineTo(pen, Ri, 0, err);
-    ArcTo(pen, 0, 0, Ri, cos(0.01745329252 * A) * Ri, sin(0.01745329252 * A) * Ri);
-    LineTo(pen, cos(0.01745329252 * A) * Re, sin(0.01745329252 * A) * Re, err);
+    ArcTo(pen, 0, 0, Ri, x * Ri, y * Ri);
+    LineTo(pen, x * Re, y * Re, err);
     ArcTo(pen, 0, 0, -Re, Re, 0);
     CloseOuter(pen, HintPlain);
 }
@@ -404,18 +386,7 @@ void BuildC17(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({B, R1, R2}, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(0, -B, -R2), CircleAt(0, 0, -R1), err);
-    const GeoLine T2 = TangentOf(CircleAt(0, 0, -R1), CircleAt(0, -B, -R2), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(0, -B, -R2), err);
-    const GeoPoint P2 = FirstMeeting(T1, CircleAt(0, 0, -R1), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(0, 0, -R1), err);
-    const GeoPoint P4 = FirstMeeting(T2, CircleAt(0, -B, -R2), err);
-    ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
-    ArcTo(pen, 0, 0, -R1, P3[1], P3[2]);
-    LineTo(pen, P4[1], P4[2], err);
-    ArcTo(pen, 0, -B, -R2, P1[1], P1[2]);
-    CloseOuter(pen, HintRound);
+    Belt({CircleAt(0, -B, -R2), CircleAt(0, 0, -R1)}, err);
 }
 
 // Dumbbell: discs R1 about (0, 0) and R2 about (B, 0), joined by a bar A wide; holes D1 and D2.
@@ -441,9 +412,9 @@ void BuildC18(const ShapeParameters& p, std::int16_t& err)
     HoleFromBottom(0, 0, D1);
     HoleFromBottom(B, 0, D2);
     ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
+    LineTo(pen, P2, err);
     ArcOn(pen, right, P3);
-    LineTo(pen, P4[1], P4[2], err);
+    LineTo(pen, P4, err);
     ArcOn(pen, left, P1);
     CloseOuter(pen, HintFramed);
 }
@@ -468,11 +439,11 @@ void BuildC19(const ShapeParameters& p, std::int16_t& err)
     HoleFromBottom(0, 0, Di);
     ShapePen pen{-B / 2, -A / 2};
     LineTo(pen, -B / 2, A / 2, err);
-    LineTo(pen, P1[1], P1[2], err);
+    LineTo(pen, P1, err);
     ArcOn(pen, disc, P2);
     LineTo(pen, B / 2, A / 2, err);
     LineTo(pen, B / 2, -A / 2, err);
-    LineTo(pen, P3[1], P3[2], err);
+    LineTo(pen, P3, err);
     ArcOn(pen, disc, P4);
     LineTo(pen, -B / 2, -A / 2, err);
     CloseOuter(pen, HintPlain);
@@ -492,7 +463,7 @@ void BuildC20(const ShapeParameters& p, std::int16_t& err)
     const GeoPoint P2 = LastMeeting(flat, disc, err);
     ShapePen pen{P1[1], P1[2]};
     ArcOn(pen, disc, P2);
-    LineTo(pen, P1[1], P1[2], err);
+    LineTo(pen, P1, err);
     CloseOuter(pen, HintPlain);
 }
 
@@ -513,15 +484,15 @@ void BuildC21(const ShapeParameters& p, std::int16_t& err)
     const GeoPoint P3 = FirstMeeting(below, disc, err);
     const GeoPoint P4 = LastMeeting(below, disc, err);
     ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
+    LineTo(pen, P2, err);
     ArcOn(pen, disc, P3);
-    LineTo(pen, P4[1], P4[2], err);
+    LineTo(pen, P4, err);
     ArcOn(pen, disc, P1);
     CloseOuter(pen, HintPlain);
 }
 
-// Ellipse, B along X and A along Y, as a chain of straight chords of about P length, clockwise from (-B/2, 0). Nothing is
-// checked here; the last record has no length, and the records carry no line.
+// Ellipse, B along X and A along Y, as a chain of straight chords of about P length, clockwise from (-B/2, 0).
+// Nothing is checked here; the last record has no length, and the records carry no line.
 void BuildC22(const ShapeParameters& p, std::int16_t& /*err*/)
 {
     const double A = p[1];
@@ -549,32 +520,13 @@ void BuildC23(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, R1, R2, R3, R4}, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(0, A / 2, -R1), CircleAt(B / 2, 0, -R2), err);
-    const GeoLine T2 = TangentOf(CircleAt(B / 2, 0, -R2), CircleAt(0, -A / 2, -R3), err);
-    const GeoLine T3 = TangentOf(CircleAt(0, -A / 2, -R3), CircleAt(-B / 2, 0, -R4), err);
-    const GeoLine T4 = TangentOf(CircleAt(-B / 2, 0, -R4), CircleAt(0, A / 2, -R1), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(0, A / 2, -R1), err);
-    const GeoPoint P2 = FirstMeeting(T1, CircleAt(B / 2, 0, -R2), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(B / 2, 0, -R2), err);
-    const GeoPoint P4 = FirstMeeting(T2, CircleAt(0, -A / 2, -R3), err);
-    const GeoPoint P5 = FirstMeeting(T3, CircleAt(0, -A / 2, -R3), err);
-    const GeoPoint P6 = FirstMeeting(T3, CircleAt(-B / 2, 0, -R4), err);
-    const GeoPoint P7 = FirstMeeting(T4, CircleAt(-B / 2, 0, -R4), err);
-    const GeoPoint P8 = FirstMeeting(T4, CircleAt(0, A / 2, -R1), err);
-    ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
-    ArcTo(pen, B / 2, 0, -R2, P3[1], P3[2]);
-    LineTo(pen, P4[1], P4[2], err);
-    ArcTo(pen, 0, -A / 2, -R3, P5[1], P5[2]);
-    LineTo(pen, P6[1], P6[2], err);
-    ArcTo(pen, -B / 2, 0, -R4, P7[1], P7[2]);
-    LineTo(pen, P8[1], P8[2], err);
-    ArcTo(pen, 0, A / 2, -R1, P1[1], P1[2]);
-    CloseOuter(pen, HintRound);
+    Belt({CircleAt(0, A / 2, -R1), CircleAt(B / 2, 0, -R2), CircleAt(0, -A / 2, -R3),
+          CircleAt(-B / 2, 0, -R4)},
+         err);
 }
 
-// Two concentric rings, ring 2 (D2e, D2i) inside the hole of ring 1 (D1e, D1i). The outer contour of ring 2 is cut like an
-// outer contour although it isn't the last one, and its closing record says so.
+// Two concentric rings, ring 2 (D2e, D2i) inside the hole of ring 1 (D1e, D1i). The outer contour of ring 2 is cut
+// like an outer contour although it isn't the last one, and its closing record says so.
 void BuildC24(const ShapeParameters& p, std::int16_t& err)
 {
     const double D1e = p[1];
@@ -586,14 +538,11 @@ void BuildC24(const ShapeParameters& p, std::int16_t& err)
         return;
     }
     HoleFromBottom(0, 0, D2i);
-    ShapePen pen{0, -D2e / 2};
-    ArcTo(pen, 0, 0, -D2e / 2, 0, -D2e / 2);
-    pen.Sense = -1;
-    CloseInner(pen, HintRound);
+    ShapePen ring2 = FullCircle(0, -D2e / 2, 0, 0, -D2e / 2);
+    ring2.Sense = -1;
+    CloseInner(ring2, HintRound);
     HoleFromBottom(0, 0, D1i);
-    pen = ShapePen{0, -D1e / 2};
-    ArcTo(pen, 0, 0, -D1e / 2, 0, -D1e / 2);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(0, -D1e / 2, 0, 0, -D1e / 2), HintRound);
 }
 
 // Twin halves of a circle of diameter A, from its bottom to its top point; entry, tail and order as R-41.

@@ -13,9 +13,7 @@ void BuildH01(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({D}, err)) {
         return;
     }
-    ShapePen pen{D / 2, 0};
-    ArcTo(pen, D / 2, D / 2, D / 2, D / 2, 0);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(D / 2, 0, D / 2, D / 2, D / 2), HintRound);
 }
 
 // Rectangular hole B wide, A high, corners R, counter-clockwise. A radius under 0.05 gives four straight sides.
@@ -28,19 +26,12 @@ void BuildH02(const ShapeParameters& p, std::int16_t& err)
         return;
     }
     constexpr double LeastCorner = 0.05;
+    ShapePen pen;
     if (R < LeastCorner) {
-        CloseOuter(BoxContour(B / 2, A / 2, B, A, 0, 1, err), HintPlain);
-        return;
+        StraightBox(pen, {0, 0, B, A}, err);
+    } else {
+        RoundBox(pen, {0, 0, B, A}, R, err);
     }
-    ShapePen pen{R, 0};
-    LineTo(pen, B - R, 0, err);
-    ArcTo(pen, B - R, R, R, B, R);
-    LineTo(pen, B, A - R, err);
-    ArcTo(pen, B - R, A - R, R, B - R, A);
-    LineTo(pen, R, A, err);
-    ArcTo(pen, R, A - R, R, 0, A - R);
-    LineTo(pen, 0, R, err);
-    ArcTo(pen, R, R, R, R, 0);
     CloseOuter(pen, HintPlain);
 }
 

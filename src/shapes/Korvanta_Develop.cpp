@@ -4,13 +4,14 @@
 #include "profile/Korvanta_ProfileCut.h"
 #include "shapes/Builders.h"
 #include "shapes/Korvanta_Parameters.h"
-#include "shapes/ShapeContours.h"
-#include "shapes/ShapeMoves.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 #include "state/AppState.h"
 
 #include <cmath>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -27,6 +28,7 @@ constexpr std::int16_t ShapeTwinRing = FamilyCircular + 26;
 /// The visible fields by index; a hidden field counts as 0 whatever its text.
 ShapeParameters ReadParameters()
 {
+    static_assert(ParamFieldCount < std::tuple_size_v<ShapeParameters>, "each field has a parameter");
     ShapeParameters parameters{};
     std::size_t index = 1;
     for (const ValueField& field : AppState.ParamText) {
@@ -38,13 +40,10 @@ ShapeParameters ReadParameters()
 /// Tables empty, flags of the part before cleared. The lead data of the same part stays when asked for.
 void ClearForDevelopment()
 {
-    std::vector<ProfileRecord> kept;
-    if (AppState.KeepLeadData != 0) {
-        kept.swap(AppState.ProfileTable);
-    }
+    std::vector<ProfileRecord> records = std::move(AppState.ProfileTable);
     ClearPart();
     if (AppState.KeepLeadData != 0) {
-        AppState.ProfileTable.swap(kept);
+        AppState.ProfileTable = std::move(records);
     }
     AppState.ShapeFlagTwin = FlagOff;
     AppState.OpenShapePart = FlagOff;
@@ -134,13 +133,4 @@ void DevelopShape(std::int16_t& err)
     if (err == 0 && !TablesAreSound()) {
         err = ErrBadShape;
     }
-}
-
-void RoundedRectangle(const double& cx, const double& cy, const double& width, const double& height,
-                      const double& r, std::int16_t& err)
-{
-    if (Fails(!(2 * r < width && 2 * r < height), err)) {
-        return;
-    }
-    BoxContour(cx, cy, width, height, r, 1, err);
 }

@@ -7,7 +7,7 @@
 
 namespace
 {
-struct WindowOfPlate {
+struct PlateWindow {
     double CentreX;
     double CentreY;
     double Width;
@@ -15,14 +15,22 @@ struct WindowOfPlate {
     double Radius;
 };
 
-void WindowedPlate(double A, double B, double R, const WindowOfPlate& window, std::int16_t& err)
+/// A plate with corners R and a window with its own. Both contours run counter-clockwise as built, so the scrap of the
+/// outer one lies on its right. When corners don't fit into a contour the plate ends with what was added before.
+void WindowedPlate(double A, double B, double R, const PlateWindow& window, std::int16_t& err)
 {
-    ShapePen pen =
-        BoxContour(window.CentreX, window.CentreY, window.Width, window.Height, window.Radius, 1, err);
-    CloseInner(pen, HintRound);
-    pen = BoxContour(B / 2, A / 2, B, A, R, -1, err);
-    pen.Sense = 1;
-    CloseOuter(pen, HintRound);
+    ShapePen inner;
+    if (!BoxContour(inner, window.CentreX, window.CentreY, window.Width, window.Height, window.Radius, err)) {
+        return;
+    }
+    CloseInner(inner, HintRound);
+    ShapePen outer;
+    outer.Sense = -1;
+    if (!BoxContour(outer, B / 2, A / 2, B, A, R, err)) {
+        return;
+    }
+    outer.Sense = 1;
+    CloseOuter(outer, HintRound);
 }
 } // namespace
 
@@ -229,7 +237,8 @@ void BuildR10(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Rectangle with its lower corners chamfered (C up the side, D along the bottom) and a semicircular bite of diameter Df in the top edge, centred at x = E.
+// Rectangle with its lower corners chamfered (C up the side, D along the bottom) and a semicircular bite of diameter
+// Df in the top edge, centred at x = E.
 void BuildR11(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -260,7 +269,8 @@ void BuildR11(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Rectangle with a rectangular notch L wide, P deep in the top edge, centred at x = C, and lower corners chamfered X by Y.
+// Rectangle with a rectangular notch L wide, P deep in the top edge, centred at x = C, and lower corners chamfered X
+// by Y.
 void BuildR12(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -321,7 +331,8 @@ void BuildR14(const ShapeParameters& p, std::int16_t& err)
     RightTriangle(A, B, err);
 }
 
-// Six-sided strip: a rectangle B by A with its upper-left and lower-right corners cut away by two parallel-running slants.
+// Six-sided strip: a rectangle B by A with its upper-left and lower-right corners cut away by two parallel-running
+// slants.
 void BuildR15(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -397,7 +408,8 @@ void BuildR18(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// L bracket with rounded ends: upright arm D wide ending in a half circle, lying arm C high ending in a half circle, inner fillet R and outer corner R.
+// L bracket with rounded ends: upright arm D wide ending in a half circle, lying arm C high ending in a half circle,
+// inner fillet R and outer corner R.
 void BuildR19(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];

@@ -44,7 +44,8 @@ void BuildR22(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Rectangle with a notch D by C at the lower-left corner and its upper-left corner cut by a slant from (0, E + C) to (B - F, A).
+// Rectangle with a notch D by C at the lower-left corner and its upper-left corner cut by a slant from (0, E + C) to
+// (B - F, A).
 void BuildR23(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -67,7 +68,8 @@ void BuildR23(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Plate with a slot from the top: two lower corner circles R2, tangent sides up to two rounded shoulders R1, and a slot D wide with a half-round end centred at height C + R2.
+// Plate with a slot from the top: two lower corner circles R2, tangent sides up to two rounded shoulders R1, and a
+// slot D wide with a half-round end centred at height C + R2.
 void BuildR24(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -79,28 +81,30 @@ void BuildR24(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, C, D, R1, R2}, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(R2, R2, -R2), CircleAt(B / 2 + R2 - D / 2 - R1, A + R2, -R1), err);
-    const GeoLine T2 =
-        TangentOf(CircleAt(B / 2 + R2 + D / 2 + R1, A + R2, -R1), CircleAt(B + R2, R2, -R2), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(R2, R2, -R2), err);
-    const GeoPoint P2 = FirstMeeting(T1, CircleAt(B / 2 + R2 - D / 2 - R1, A + R2, -R1), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(B / 2 + R2 + D / 2 + R1, A + R2, -R1), err);
-    const GeoPoint P4 = FirstMeeting(T2, CircleAt(B + R2, R2, -R2), err);
+    const double slotLeft = B / 2 + R2 - D / 2;
+    const double slotRight = B / 2 + R2 + D / 2;
+    const GeoCircle lowerLeft = CircleAt(R2, R2, -R2);
+    const GeoCircle upperLeft = CircleAt(slotLeft - R1, A + R2, -R1);
+    const GeoCircle upperRight = CircleAt(slotRight + R1, A + R2, -R1);
+    const GeoCircle lowerRight = CircleAt(B + R2, R2, -R2);
+    const TouchingPoints T1 = TangentOf(lowerLeft, upperLeft, err);
+    const TouchingPoints T2 = TangentOf(upperRight, lowerRight, err);
     ShapePen pen{B + R2, 0};
     LineTo(pen, R2, 0, err);
-    ArcTo(pen, R2, R2, -R2, P1[1], P1[2]);
-    LineTo(pen, P2[1], P2[2], err);
-    ArcTo(pen, B / 2 + R2 - D / 2 - R1, A + R2, -R1, B / 2 + R2 - D / 2, A + R2);
-    LineTo(pen, B / 2 + R2 - D / 2, C + R2, err);
-    ArcTo(pen, B / 2 + R2, C + R2, D / 2, B / 2 + R2 + D / 2, C + R2);
-    LineTo(pen, B / 2 + R2 + D / 2, A + R2, err);
-    ArcTo(pen, B / 2 + R2 + D / 2 + R1, A + R2, -R1, P3[1], P3[2]);
-    LineTo(pen, P4[1], P4[2], err);
-    ArcTo(pen, B + R2, R2, -R2, B + R2, 0);
+    ArcOn(pen, lowerLeft, T1.From);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, upperLeft, PointAt(slotLeft, A + R2));
+    LineTo(pen, slotLeft, C + R2, err);
+    ArcTo(pen, B / 2 + R2, C + R2, D / 2, slotRight, C + R2);
+    LineTo(pen, slotRight, A + R2, err);
+    ArcOn(pen, upperRight, T2.From);
+    LineTo(pen, T2.To, err);
+    ArcOn(pen, lowerRight, PointAt(B + R2, 0));
     CloseOuter(pen, HintPlain);
 }
 
-// Rectangle with four holes D1 in the corners and one hole D2 at (F, E).
+// Rectangle with four holes D1 in the corners and one hole D2 at (F, E). The cuts of two of them begin off their
+// circles: at (F, E) unless A is 2 E, at the upper right unless C is D. So it was drawn, and so it stays.
 void BuildR25(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -123,7 +127,8 @@ void BuildR25(const ShapeParameters& p, std::int16_t& err)
     PlainPlate(A, B, err);
 }
 
-// Rectangle whose corners are each replaced by a three-quarter circle turning inward about the point R in from both edges (radius positive, so the arc sweeps from one edge round the far side of that point to the other edge).
+// Rectangle whose corners are each replaced by a three-quarter circle about the point R in from both edges: the arc
+// leaves one edge, turns inward round the far side of that point, and comes to the other edge.
 void BuildR26(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -165,7 +170,8 @@ void BuildR27(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Arch: rectangle with rounded upper corners R and an opening from the bottom, left leg D wide, right leg E wide, opening up to height A - C.
+// Arch: rectangle with rounded upper corners R and an opening from the bottom, left leg D wide, right leg E wide,
+// opening up to height A - C.
 void BuildR28(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -191,7 +197,8 @@ void BuildR28(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Rectangle with each corner chamfered by its own pair: lower left D, C; upper left I, L; upper right H, G; lower right E, F.
+// Rectangle with each corner chamfered by its own pair: lower left D, C; upper left I, L; upper right H, G; lower
+// right E, F.
 void BuildR29(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -238,7 +245,8 @@ void BuildR30(const ShapeParameters& p, std::int16_t& err)
     RoundedPlate(A, B, R, HintPlain, err);
 }
 
-// Plate with rounded lower corners Re and a round bite of radius Ri centred at (D, C) in the top edge, entered by straight lines from (F, A) and (B - E, A) that touch the bite's circle.
+// Plate with rounded lower corners Re and a round bite of radius Ri centred at (D, C) in the top edge, entered by
+// straight lines from (F, A) and (B - E, A) that touch the bite's circle.
 void BuildR31(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -252,15 +260,14 @@ void BuildR31(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, C, D, E, F, Ri, Re}, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(F, A, 0), CircleAt(D, C, Ri), err);
-    const GeoLine T2 = TangentOf(CircleAt(D, C, Ri), CircleAt(B - E, A, 0), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(D, C, Ri), err);
-    const GeoPoint P2 = FirstMeeting(T2, CircleAt(D, C, Ri), err);
+    const GeoCircle bite = CircleAt(D, C, Ri);
+    const TouchingPoints T1 = TangentOf(CircleAt(F, A, 0), bite, err);
+    const TouchingPoints T2 = TangentOf(bite, CircleAt(B - E, A, 0), err);
     ShapePen pen{0, Re};
     LineTo(pen, 0, A, err);
     LineTo(pen, F, A, err);
-    LineTo(pen, P1[1], P1[2], err);
-    ArcTo(pen, D, C, Ri, P2[1], P2[2]);
+    LineTo(pen, T1.To, err);
+    ArcOn(pen, bite, T2.From);
     LineTo(pen, B - E, A, err);
     LineTo(pen, B, A, err);
     LineTo(pen, B, Re, err);
@@ -270,7 +277,8 @@ void BuildR31(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// L plate: upright I wide, lying arm I high, with three radii and chamfers at the foot and the head: R3 at the head, R2 in the inner corner, R1 at the arm's end; chamfers (D, C), (H, G) and (F, E).
+// L plate: upright I wide, lying arm I high, with three radii and chamfers at the foot and the head: R3 at the head,
+// R2 in the inner corner, R1 at the arm's end; chamfers (D, C), (H, G) and (F, E).
 void BuildR32(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -327,7 +335,8 @@ void BuildR33(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Double-T (I) plate: B wide, A high, flanges C (bottom) and D (top) high, web E wide; outer corners Re, inner corners Ri.
+// Double-T (I) plate: B wide, A high, flanges C (bottom) and D (top) high, web E wide; outer corners Re, inner
+// corners Ri.
 void BuildR34(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -401,7 +410,9 @@ void BuildR35(const ShapeParameters& p, std::int16_t& err)
         holeAt(D, C + j * dy);
     }
     if (E > 0 && F > 0) {
-        CloseInner(BoxContour(B / 2, A / 2, F, E, 0, 1, err), HintRound);
+        ShapePen window;
+        StraightBox(window, {B / 2 - F / 2, A / 2 - E / 2, B / 2 + F / 2, A / 2 + E / 2}, err);
+        CloseInner(window, HintRound);
     }
     PlainPlate(A, B, err);
 }
@@ -419,7 +430,8 @@ void BuildR36(const ShapeParameters& p, std::int16_t& err)
                    err);
 }
 
-// Three-lobe plate around the circles (0, 0) radius R1, (B, D - A) radius R2, (C, A) radius R3, joined by tangent lines.
+// Three-lobe plate around the circles (0, 0) radius R1, (B, D - A) radius R2, (C, A) radius R3, joined by tangent
+// lines.
 void BuildR37(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];
@@ -432,23 +444,7 @@ void BuildR37(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({A, B, D, R1, R2, R3}, err)) {
         return;
     }
-    const GeoLine T1 = TangentOf(CircleAt(C, A, -R3), CircleAt(B, D - A, -R2), err);
-    const GeoLine T2 = TangentOf(CircleAt(B, D - A, -R2), CircleAt(0, 0, -R1), err);
-    const GeoLine T3 = TangentOf(CircleAt(0, 0, -R1), CircleAt(C, A, -R3), err);
-    const GeoPoint P1 = FirstMeeting(T1, CircleAt(C, A, -R3), err);
-    const GeoPoint P2 = FirstMeeting(T1, CircleAt(B, D - A, -R2), err);
-    const GeoPoint P3 = FirstMeeting(T2, CircleAt(B, D - A, -R2), err);
-    const GeoPoint P4 = FirstMeeting(T2, CircleAt(0, 0, -R1), err);
-    const GeoPoint P5 = FirstMeeting(T3, CircleAt(0, 0, -R1), err);
-    const GeoPoint P6 = FirstMeeting(T3, CircleAt(C, A, -R3), err);
-    ShapePen pen{P1[1], P1[2]};
-    LineTo(pen, P2[1], P2[2], err);
-    ArcTo(pen, B, D - A, -R2, P3[1], P3[2]);
-    LineTo(pen, P4[1], P4[2], err);
-    ArcTo(pen, 0, 0, -R1, P5[1], P5[2]);
-    LineTo(pen, P6[1], P6[2], err);
-    ArcTo(pen, C, A, -R3, P1[1], P1[2]);
-    CloseOuter(pen, HintRound);
+    Belt({CircleAt(C, A, -R3), CircleAt(B, D - A, -R2), CircleAt(0, 0, -R1)}, err);
 }
 
 // Symmetric trapezium: base B, top C, height A.
@@ -534,8 +530,8 @@ void BuildR40(const ShapeParameters& p, std::int16_t& err)
     CloseOuter(pen, HintPlain);
 }
 
-// Twin halves of a rounded rectangle B by A with corners |R|, both from the middle of the bottom edge to the middle of the
-// top edge, each with its entry. Swap not 0 exchanges their order.
+// Twin halves of a rounded rectangle B by A with corners |R|, both from the middle of the bottom edge to the middle
+// of the top edge, each with its entry. Swap not 0 exchanges their order.
 void BuildR41(const ShapeParameters& p, std::int16_t& err)
 {
     const double A = p[1];

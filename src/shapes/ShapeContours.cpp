@@ -3,6 +3,26 @@
 #include "profile/Korvanta_ProfileCut.h"
 #include "state/AppState.h"
 
+namespace
+{
+ShapeBox BoxAbout(double cx, double cy, double width, double height)
+{
+    return {cx - width / 2, cy - height / 2, cx + width / 2, cy + height / 2};
+}
+
+/// False, with ErrBadShape in `err` and nothing added, when the corners don't fit into the box.
+bool RoundBoxThatFits(ShapePen& pen, double cx, double cy, double width, double height, double r,
+                      std::int16_t& err)
+{
+    if (Fails(!(2 * r < width && 2 * r < height), err)) {
+        return false;
+    }
+    pen.StatesEnds = true;
+    RoundBox(pen, BoxAbout(cx, cy, width, height), r, err);
+    return true;
+}
+} // namespace
+
 void PlainPlate(double A, double B, std::int16_t& err)
 {
     ShapePen pen{0, 0};
@@ -78,34 +98,22 @@ void DPlate(double A, double B, std::int16_t& err)
     CloseOuter(pen, HintRound);
 }
 
-ShapePen BoxContour(double cx, double cy, double width, double height, double r, std::int16_t sense,
-                    std::int16_t& err)
+void Belt(std::initializer_list<GeoCircle> circles, std::int16_t& err)
 {
-    const double left = cx - width / 2;
-    const double right = cx + width / 2;
-    const double bottom = cy - height / 2;
-    const double top = cy + height / 2;
-    if (!(r > 0.0)) {
-        ShapePen pen{left, bottom, sense};
-        LineTo(pen, right, bottom, err);
-        LineTo(pen, right, top, err);
-        LineTo(pen, left, top, err);
-        LineTo(pen, left, bottom, err);
-        return pen;
+    const auto behind = [&](const GeoCircle* circle) {
+        return circle + 1 == circles.end() ? circles.begin() : circle + 1;
+    };
+    const GeoCircle* circle = circles.begin();
+    const TouchingPoints begin = TangentOf(*circle, *behind(circle), err);
+    ShapePen pen{begin.From[1], begin.From[2]};
+    LineTo(pen, begin.To, err);
+    for (circle = behind(circle); circle != circles.begin(); circle = behind(circle)) {
+        const TouchingPoints tangent = TangentOf(*circle, *behind(circle), err);
+        ArcOn(pen, *circle, tangent.From);
+        LineTo(pen, tangent.To, err);
     }
-    ShapePen pen{left + r, bottom, sense, true};
-    if (Fails(!(2 * r < width && 2 * r < height), err)) {
-        return pen;
-    }
-    LineTo(pen, right - r, bottom, err);
-    ArcTo(pen, right - r, bottom + r, r, right, bottom + r);
-    LineTo(pen, right, top - r, err);
-    ArcTo(pen, right - r, top - r, r, right - r, top);
-    LineTo(pen, left + r, top, err);
-    ArcTo(pen, left + r, top - r, r, left, top - r);
-    LineTo(pen, left, bottom + r, err);
-    ArcTo(pen, left + r, bottom + r, r, left + r, bottom);
-    return pen;
+    ArcOn(pen, *circles.begin(), begin.From);
+    CloseOuter(pen, HintRound);
 }
 
 void RoundedHexagon(const HexagonCorner (&corners)[6], double r, std::int16_t& err)
@@ -135,17 +143,58 @@ void RoundedHexagon(const HexagonCorner (&corners)[6], double r, std::int16_t& e
     CloseOuter(pen, HintRound);
 }
 
+void StraightBox(ShapePen& pen, const ShapeBox& box, std::int16_t& err)
+{
+    pen.X = box.Left;
+    pen.Y = box.Bottom;
+    LineTo(pen, box.Right, box.Bottom, err);
+    LineTo(pen, box.Right, box.Top, err);
+    LineTo(pen, box.Left, box.Top, err);
+    LineTo(pen, box.Left, box.Bottom, err);
+}
+
+void RoundBox(ShapePen& pen, const ShapeBox& box, double r, std::int16_t& err)
+{
+    pen.X = box.Left + r;
+    pen.Y = box.Bottom;
+    LineTo(pen, box.Right - r, box.Bottom, err);
+    ArcTo(pen, box.Right - r, box.Bottom + r, r, box.Right, box.Bottom + r);
+    LineTo(pen, box.Right, box.Top - r, err);
+    ArcTo(pen, box.Right - r, box.Top - r, r, box.Right - r, box.Top);
+    LineTo(pen, box.Left + r, box.Top, err);
+    ArcTo(pen, box.Left + r, box.Top - r, r, box.Left, box.Top - r);
+    LineTo(pen, box.Left, box.Bottom + r, err);
+    ArcTo(pen, box.Left + r, box.Bottom + r, r, box.Left + r, box.Bottom);
+}
+
+bool BoxContour(ShapePen& pen, double cx, double cy, double width, double height, double r, std::int16_t& err)
+{
+    if (r > 0.0) {
+        return RoundBoxThatFits(pen, cx, cy, width, height, r, err);
+    }
+    StraightBox(pen, BoxAbout(cx, cy, width, height), err);
+    return true;
+}
+
+void RoundedRectangle(const double& cx, const double& cy, const double& width, const double& height,
+                      const double& r, std::int16_t& err)
+{
+    ShapePen pen;
+    RoundBoxThatFits(pen, cx, cy, width, height, r, err);
+}
+
 ShapePen BeginTwinHalf(const TwinEntry& entry, TwinHalf half, std::int16_t& err)
 {
     const double away = half == TwinHalf::Left ? 1.0 : -1.0;
-    ShapePen pen{entry.Middle + away * entry.LR, -entry.L - entry.LR, static_cast<std::int16_t>(away), true};
-    if (entry.L < Tolerance) {
-        pen.Y = -entry.LR;
-    } else {
-        LineTo(pen, entry.Middle + away * entry.LR, -entry.LR, err);
+    const double x = entry.Middle + away * entry.LR;
+    const double y = 0.0 - entry.LR;
+    ShapePen pen{x, y, static_cast<std::int16_t>(away), true};
+    if (entry.L >= Tolerance) {
+        pen.Y = y - entry.L;
+        LineTo(pen, x, y, err);
     }
     if (entry.LR != 0.0) {
-        ArcTo(pen, entry.Middle, -entry.LR, away * entry.LR, entry.Middle, 0);
+        ArcTo(pen, entry.Middle, y, away * entry.LR, entry.Middle, 0);
     }
     return pen;
 }

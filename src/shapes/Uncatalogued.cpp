@@ -36,20 +36,7 @@ void BuildUprightLink(const ShapeParameters& p, std::int16_t& err)
     if (AnyTooSmall({p[1], p[2], p[3]}, err)) {
         return;
     }
-    const GeoCircle below = CircleAt(0, 0, -p[2]);
-    const GeoCircle above = CircleAt(0, p[1], -p[3]);
-    const GeoLine up = TangentOf(below, above, err);
-    const GeoLine down = TangentOf(above, below, err);
-    const GeoPoint upFrom = FirstMeeting(up, below, err);
-    const GeoPoint upTo = FirstMeeting(up, above, err);
-    const GeoPoint downFrom = FirstMeeting(down, above, err);
-    const GeoPoint downTo = FirstMeeting(down, below, err);
-    ShapePen pen{upFrom[1], upFrom[2]};
-    LineTo(pen, upTo[1], upTo[2], err);
-    ArcOn(pen, above, downFrom);
-    LineTo(pen, downTo[1], downTo[2], err);
-    ArcOn(pen, below, upFrom);
-    CloseOuter(pen, HintRound);
+    Belt({CircleAt(0, 0, -p[2]), CircleAt(0, p[1], -p[3])}, err);
 }
 
 // Disc of radius p1 about the origin on a stem p2 wide that ends at y = -p3, with fillets p4 between them.
@@ -72,7 +59,7 @@ void BuildDiscOnStem(const ShapeParameters& p, std::int16_t& err)
     const GeoPoint P3 = ContactOf(disc, rightFillet, err);
     const GeoPoint P4 = FirstMeeting(down, rightFillet, err);
     ShapePen pen{-half, foot};
-    LineTo(pen, P1[1], P1[2], err);
+    LineTo(pen, P1, err);
     ArcOn(pen, leftFillet, P2);
     ArcOn(pen, disc, P3);
     ArcOn(pen, rightFillet, P4);
@@ -125,11 +112,12 @@ void BuildDiscWithWindow(const ShapeParameters& p, std::int16_t& err)
     }
     const double r = p[1] / 2;
     if (p[2] > 0) {
-        CloseInner(BoxContour(r, r, p[2], p[2], 0, 1, err), HintPlain);
+        ShapePen window;
+        const double half = p[2] / 2;
+        StraightBox(window, {r - half, r - half, r + half, r + half}, err);
+        CloseInner(window, HintPlain);
     }
-    ShapePen pen{r, 0};
-    ArcTo(pen, r, r, -r, r, 0);
-    CloseOuter(pen, HintRound);
+    CloseOuter(FullCircle(r, 0, r, r, -r), HintRound);
 }
 
 // Lens: what the circles of radius p1 about (0, 0) and p2 about (p3, 0) have in common.
@@ -166,8 +154,8 @@ void BuildParallelogram(const ShapeParameters& p, std::int16_t& err)
     p_rr(upperLeft, LineThrough(0, 0, dx, dy, err), top, err);
     p_rr(upperRight, LineThrough(p[2], 0, p[2] + dx, dy, err), top, err);
     ShapePen pen{0, 0};
-    LineTo(pen, upperLeft[1], upperLeft[2], err);
-    LineTo(pen, upperRight[1], upperRight[2], err);
+    LineTo(pen, upperLeft, err);
+    LineTo(pen, upperRight, err);
     LineTo(pen, p[2], 0, err);
     LineTo(pen, 0, 0, err);
     CloseOuter(pen, HintPlain);
