@@ -164,6 +164,7 @@ double ArcArea(double startX, double startY, double endX, double endY, double ce
     }
     const double a = std::atan(std::sqrt(std::fabs(1.0 - t * t)) / t);
     const double sweep = Pi - 2.0 * turn * sign * a;
+    // In this order a sweep that is no number counts as MaxChords.
     const double steps = std::min(MaxChords, std::trunc(sweep / std::sqrt(ChordRule / size)) + 1.0);
     const double cosine = std::cos(sweep / steps);
     const double sine = std::sin(sweep / steps) * sign;

@@ -20,7 +20,7 @@ constexpr int MessageFailure = 34;
 constexpr int MessageBadPart = 35;
 
 constexpr std::int16_t ShapePanelStroke = FamilyRect + 39;
-constexpr std::int16_t ShapeTwinRectangles = FamilyRect + 40;
+constexpr std::int16_t ShapeRectangleStroke = FamilyRect + 40;
 constexpr std::int16_t ShapeTwinHalves = FamilyRect + 41;
 constexpr std::int16_t ShapeTwinCircle = FamilyCircular + 25;
 constexpr std::int16_t ShapeTwinRing = FamilyCircular + 26;
@@ -46,13 +46,13 @@ void ClearForDevelopment()
         AppState.ProfileTable = std::move(records);
     }
     AppState.ShapeFlagTwin = FlagOff;
-    AppState.OpenShapePart = FlagOff;
 }
 
+/// What the current shape means for leads and compensation; no shape means nothing.
 void SetPartFlags()
 {
     const std::int16_t id = AppState.ShapeId;
-    const bool stroke = id == ShapePanelStroke || id == ShapeTwinRectangles;
+    const bool stroke = id == ShapePanelStroke || id == ShapeRectangleStroke;
     const bool twin = id == ShapeTwinHalves || id == ShapeTwinCircle || id == ShapeTwinRing;
     AppState.OpenShapePart = ToFlag(stroke || twin);
     AppState.NoKerfCodes = ToFlag(stroke);
@@ -101,6 +101,9 @@ bool BuildCurrentPart()
     std::int16_t err = 0;
     if (AppState.ShapeId >= 1) {
         DevelopShape(err);
+    } else {
+        AppState.ShapeFlagTwin = FlagOff; // of the shape before
+        SetPartFlags();
     }
     if (err != 0) {
         bool confirmed = false;

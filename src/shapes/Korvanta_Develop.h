@@ -11,7 +11,7 @@ using ShapeParameters = std::array<double, 21>;
 inline constexpr std::int16_t ErrBadShape = 1;
 
 /// The current part, ready to be cut. A shape is developed from its fields; a part that was imported (ShapeId 0) stands
-/// as it is. False after the failure box.
+/// as it is; only the flags of a shape before it are cleared. False after the failure box.
 bool BuildCurrentPart();
 
 /// Empties the part's tables and develops ShapeId from the visible fields of ParamText. `err` 0 is success. No NaN and

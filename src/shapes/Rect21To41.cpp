@@ -514,19 +514,21 @@ void BuildR40(const ShapeParameters& p, std::int16_t& err)
     if (Fails(B <= LeastMeasure, err) || Fails(A <= LeastMeasure, err)) {
         return;
     }
-    ShapePen pen{B / 2 + Offset, -L - Offset, 1, true};
-    if (std::fabs(L) < Tolerance) {
-        pen.Y = -Offset;
-    } else {
-        LineTo(pen, B / 2 + Offset, -Offset, err);
+    const double low = 0.0 - Offset; // no minus zero
+    const double middle = B / 2 + Offset;
+    const double right = 3 * Offset + B;
+    ShapePen pen{middle, low, 1, true};
+    if (std::fabs(L) >= Tolerance) {
+        pen.Y = low - L;
+        LineTo(pen, middle, low, err);
     }
-    LineTo(pen, -Offset, -Offset, err);
-    LineTo(pen, -Offset, A + Offset, err);
-    LineTo(pen, B / 2 + Offset, A + Offset, err);
-    LineTo(pen, B / 2 + Offset, -Offset, err);
-    LineTo(pen, 3 * Offset + B, -Offset, err);
-    LineTo(pen, 3 * Offset + B, A + Offset, err);
-    LineTo(pen, B / 2 + Offset, A + Offset, err);
+    LineTo(pen, low, low, err);
+    LineTo(pen, low, A + Offset, err);
+    LineTo(pen, middle, A + Offset, err);
+    LineTo(pen, middle, low, err);
+    LineTo(pen, right, low, err);
+    LineTo(pen, right, A + Offset, err);
+    LineTo(pen, middle, A + Offset, err);
     CloseOuter(pen, HintPlain);
 }
 

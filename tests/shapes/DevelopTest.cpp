@@ -446,6 +446,21 @@ TEST_F(Development, FlagsTellOpenAndTwinParts)
     }
 }
 
+TEST_F(Development, AnImportDoesntInheritTheFlagsOfTheShapeBefore)
+{
+    for (const char* name : {"R-39", "C-25"}) {
+        EXPECT_EQ(Develop(name), 0);
+        ClearPart();
+        PutBox(0, 0, 30, 40);
+        PutEnd(KindOuterEnd);
+        AppState.ShapeId = 0;
+        EXPECT_TRUE(BuildCurrentPart());
+        EXPECT_EQ(AppState.ShapeFlagTwin, FlagOff);
+        EXPECT_EQ(AppState.OpenShapePart, FlagOff);
+        EXPECT_EQ(AppState.NoKerfCodes, FlagOff);
+    }
+}
+
 TEST_F(Development, OnlyTheOpenShapesAreOpen)
 {
     const std::set<std::string> open = {"R-39", "R-40", "R-41", "C-25", "C-26"};
