@@ -31,6 +31,8 @@ constexpr ShapeDrawing Drawings[] = {
 
     {"R-02", "", "A<0.1; B<0.1; C<0.1; D<0.1; R<0; Di<0", "2*R<A; 2*R<B", "", HOLE_C_D "out0" ROUND_PLATE,
      "pi*Di^2/4; -(A*B-(4-pi)*R^2)", 11},
+    {"R-02", "Di=0.001", "", "2*R<A; 2*R<B", "", HOLE_C_D "out0" ROUND_PLATE, "pi*Di^2/4; -(A*B-(4-pi)*R^2)",
+     11},
     {"R-02", "Di=0", "", "2*R<A; 2*R<B", "", "out0" ROUND_PLATE, "-(A*B-(4-pi)*R^2)", 9},
     {"R-02", "R=0", "A<0.1; B<0.1; C<0.1; D<0.1", "Di>0.1", "", HOLE_C_D PLAIN_PLATE, "pi*Di^2/4; -A*B", 7},
     {"R-02", "R=0; Di=0.1", "", "", "", PLAIN_PLATE, "-A*B", 5},
@@ -46,6 +48,8 @@ constexpr ShapeDrawing Drawings[] = {
 
     {"R-06", "", "A<0.1; B<0.1; R<0; C<0.1; D<0.1; E<0.1; F<0.1; Ri<0; 2*Ri>=E; 2*R>=A", "2*Ri<F; 2*R<B", "",
      ROUND_WINDOW ROUND_OUTSIDE, "E*F-(4-pi)*Ri^2; A*B-(4-pi)*R^2", 18},
+    {"R-06", "R=0.001; Ri=0.001", "", "", "", ROUND_WINDOW ROUND_OUTSIDE, "E*F-(4-pi)*Ri^2; A*B-(4-pi)*R^2",
+     18},
     {"R-06", "R=0", "", "2*Ri<F; 2*Ri<E", "", ROUND_WINDOW STRAIGHT_OUTSIDE, "E*F-(4-pi)*Ri^2; A*B", 14},
     {"R-06", "Ri=0", "", "2*R<A; 2*R<B", "", STRAIGHT_WINDOW ROUND_OUTSIDE, "E*F; A*B-(4-pi)*R^2", 14},
     {"R-06", "R=0; Ri=0", "", "", "", STRAIGHT_WINDOW STRAIGHT_OUTSIDE, "E*F; A*B", 10},
@@ -66,6 +70,8 @@ constexpr ShapeDrawing Drawings[] = {
      HOLE_C_D "out0 0,0 0,A-Y X,A-Y X,A B-X,A B-X,A-Y B,A-Y B,0 0,0", "pi*Di^2/4; -(A*B-2*X*Y)", 11},
     {"R-10", "Di=0", "", "2*X<B; Y<A", "", "out0 0,0 0,A-Y X,A-Y X,A B-X,A B-X,A-Y B,A-Y B,0 0,0",
      "-(A*B-2*X*Y)", 9},
+    {"R-10", "X=0.001; Y=0.001", "", "", "", HOLE_C_D "out0 0,0 0,A-Y X,A-Y X,A B-X,A B-X,A-Y B,A-Y B,0 0,0",
+     "pi*Di^2/4; -(A*B-2*X*Y)", 11},
     {"R-10", "X=0", "", "Y<A", "", HOLE_C_D PLAIN_PLATE, "pi*Di^2/4; -A*B", 7},
     {"R-10", "Y=0", "", "2*X<B", "", HOLE_C_D PLAIN_PLATE, "pi*Di^2/4; -A*B", 7},
     {"R-10", "X=-1; Y=-1", "", "", "", HOLE_C_D PLAIN_PLATE, "pi*Di^2/4; -A*B", 7},

@@ -167,11 +167,18 @@ constexpr ShapeDrawing Drawings[] = {
     {"R-35", "", "A<0.1; B<0.1; C<0.1; D<0.1; E<0; F<0; Di<0.1; Nx<1; Ny<1", "Nx>=2; Ny>=2", "", nullptr, "",
      30, DrawHolePattern},
     {"R-35", "E=0", "", "Nx>=2; Ny>=2", "", nullptr, "", 25, DrawHolePattern},
+    {"R-35", "E=0.001; F=0.001", "", "Nx>=2; Ny>=2", "", nullptr, "", 30, DrawHolePattern},
     {"R-35", "F=0", "", "Nx>=2; Ny>=2", "", nullptr, "", 25, DrawHolePattern},
     {"R-35", "Nx=2.9; Ny=2", "", "", "", nullptr, "", 18, DrawHolePattern},
     // h is half the height. A fillet begins t = R tan 30 degrees beside its corner, its centre lies 2 t from the corner. A
     // rounded corner loses the quadrangle t R of its tangents less a sector of 60 degrees.
     {"R-36", "", "A<R; A<0.1; R<0", "R<0.86*A; R>0", "h=sqrt(3)/2*A; t=R/sqrt(3)",
+     "out2 t/2,R/2 cw -t,R,R -t,0 -A+t,0 cw -A+t,R,R -A-t/2,R/2 -3/2*A+t/2,h-R/2 cw -3/2*A+2*t,h,R "
+     "-3/2*A+t/2,h+R/2 "
+     "-A-t/2,2*h-R/2 cw -A+t,2*h-R,R -A+t,2*h -t,2*h cw -t,2*h-R,R t/2,2*h-R/2 "
+     "A/2-t/2,h+R/2 cw A/2-2*t,h,R A/2-t/2,h-R/2 t/2,R/2",
+     "-(3*h*A-6*(t*R-pi/6*R^2))", 13},
+    {"R-36", "R=0.001", "", "", "h=sqrt(3)/2*A; t=R/sqrt(3)",
      "out2 t/2,R/2 cw -t,R,R -t,0 -A+t,0 cw -A+t,R,R -A-t/2,R/2 -3/2*A+t/2,h-R/2 cw -3/2*A+2*t,h,R "
      "-3/2*A+t/2,h+R/2 "
      "-A-t/2,2*h-R/2 cw -A+t,2*h-R,R -A+t,2*h -t,2*h cw -t,2*h-R,R t/2,2*h-R/2 "
@@ -192,6 +199,10 @@ constexpr ShapeDrawing Drawings[] = {
      "-(k+q+(R1^2*s1+R2^2*s2+R3^2*s3)/2)", 7},
     {"R-38", "", "A<0.1; B<0.1; C<0.1", "", "", "out0 0,0 B/2-C/2,A B/2+C/2,A B,0 0,0", "-A*(B+C)/2", 5},
     {"R-39", "", "A<0.1; B<0.1; X<0; Y<0; L<0.1", "X<A; Y<B", "",
+     "out0 sense=0 0,0 0,L 0,B+L-Y X,B+L A,B+L 0,L A-X,L A,Y+L A,B+2*L X,B+2*L 0,Y+B+2*L 0,2*B+2*L A,B+2*L "
+     "A,2*B-Y+2*L A-X,2*B+2*L 0,2*B+2*L",
+     "open", 16},
+    {"R-39", "X=0.001; Y=0.001", "", "", "",
      "out0 sense=0 0,0 0,L 0,B+L-Y X,B+L A,B+L 0,L A-X,L A,Y+L A,B+2*L X,B+2*L 0,Y+B+2*L 0,2*B+2*L A,B+2*L "
      "A,2*B-Y+2*L A-X,2*B+2*L 0,2*B+2*L",
      "open", 16},
