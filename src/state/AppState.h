@@ -136,6 +136,8 @@ struct AppStateRecord {
     double ViewHeight = 0.0; ///< negative
     double ViewCentreX = 0.0;
     double ViewCentreY = 0.0;
+    double PenX = 0.0; ///< where the last drawn cut ended, start of the next rapid line
+    double PenY = 0.0;
 
     // --- nesting: the layout in force, computed by the last draw of the Nesting screen ------------------
     std::int16_t NestKind = 0; ///< 0 one copy, 1 to 4 the nest types

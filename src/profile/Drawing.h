@@ -1,0 +1,24 @@
+// Drawing.h -- the strokes of one part on a picture: contours, leads, rapid lines, and the marker of the cut's side.
+#pragma once
+
+#include "platform/Surface.h"
+#include "state/AppState.h"
+
+/// Contours of the part at (x, y), the current profile red and thick, then a cross at each mark point. With `marker` each
+/// profile gets its kerf marker.
+void DrawPart(Picture picture, double x, double y, Flag marker);
+
+/// An arc from start to end about the centre in the pen that is set; a full circle when start and end are closer than
+/// 0.01. r above 0 runs counter-clockwise.
+void DrawArc(Picture picture, double centreX, double centreY, double startX, double startY, double endX,
+             double endY, double r);
+
+/// A shaft from (x1, y1) to (x2, y2) with two barbs at its end, in `rgb`.
+void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb);
+
+/// The overlay of the cut for one copy at (x, y): rapid lines, lead-ins and lead-outs, `width` pixels wide. Starts at PenX,
+/// PenY and leaves them where the cut ends. Finds the lead points, as BuildLeads does.
+void DrawMoves(Picture picture, double x, double y, std::int16_t width);
+
+/// The marker of compensation side and direction on the element `slot`; nothing on the Parameters screen. Reads KERFPOSDRAW.
+void DrawKerfMarker(Picture picture, std::int32_t slot, double x, double y);
