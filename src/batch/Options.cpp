@@ -2,6 +2,7 @@
 
 #include "config/Korvanta_Utility.h"
 #include "profile/Korvanta_Common.h"
+#include "shapes/Korvanta_Parameters.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
@@ -71,6 +72,8 @@ Examples:
   Longer leads on the second profile, then the same on all the others:
     korvanta-batch ./plate.dxf --set "Profile nr.=2" --set "LeadIn : A=8" \
         --key CopyLeads --program PLATE --out ./nc
+  A plate of the catalogue with two chamfered corners, and its picture:
+    korvanta-batch R-05 --param A=300 --param X=25 --program PLATE --svg plate.svg
   What the station made of an ISO program, as JSON:
     korvanta-batch ./old.iso --json - --quiet
 
@@ -146,6 +149,26 @@ BatchStep ReadKey(const std::string& text)
     return step;
 }
 
+/// `--param LETTER=VALUE` of the shape that the source names.
+BatchParameter ReadParameter(const std::string& text, const ShapeRow* shape)
+{
+    if (shape == nullptr) {
+        throw CLI::ValidationError("--param", "goes with a shape of the catalogue, such as R-05");
+    }
+    const std::size_t equals = text.find('=');
+    const std::string letter = Trim(text.substr(0, equals));
+    std::string letters;
+    for (int i = 0; i < ParameterCount(*shape); ++i) {
+        const std::string known = shape->Parameters[i].Letter;
+        if (equals != std::string::npos && letter == known) {
+            return {static_cast<std::size_t>(i), text.substr(equals + 1)};
+        }
+        letters += (letters.empty() ? "" : ", ") + known;
+    }
+    throw CLI::ValidationError("--param", "\"" + text + "\" isn't LETTER=VALUE with a letter of " +
+                                              shape->Name + ": " + letters);
+}
+
 void ReadInput(const std::string& text, BatchOptions& options)
 {
     const bool formed =
@@ -171,6 +194,7 @@ struct RawOptions {
     std::vector<std::string> Sets;
     std::vector<std::string> Keys;
     std::vector<std::string> Inputs;
+    std::vector<std::string> Parameters;
     CLI::Option* SetOption = nullptr;
     CLI::Option* KeyOption = nullptr;
     CLI::Option* ProgramOption = nullptr;
@@ -190,12 +214,16 @@ CLI::Option* AddRepeatable(CLI::App& app, const char* name, const char* typeName
 void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
 {
     app.set_version_flag("--version", "korvanta-batch, Korvanta V2.28", "Print the version and exit");
-    app.add_option("SOURCE", options.Source,
-                   "A .dxf drawing, or an ISO program with any other extension.\n"
-                   "A plain name is looked up in DXF_PATH or NC_PATH of the\n"
-                   "station; a path, also ./NAME, is taken as it is")
-        ->type_name("")
-        ->required();
+    app.add_option(
+           "SOURCE", options.Source,
+           "A shape of the catalogue (R-05), a .dxf drawing, or an ISO\n"
+           "program with any other extension. A plain file name is looked up in DXF_PATH or NC_PATH of the\n"
+           "station; a path, also ./NAME, is taken as it is")
+        ->type_name("");
+    app.add_flag("--list-shapes", options.ListShapes,
+                 "List the shapes with their letters and defaults, with\n--json FILE as JSON, and exit");
+    AddRepeatable(app, "--param", "LETTER=VALUE", raw.Parameters,
+                  "Value of a parameter of the shape (repeatable)");
     app.add_option("--station", options.Station,
                    "Folder of the station: Korvanta.ini, Korvanta_MSG.TXT,\n"
                    "post-processor table (default: where korvanta-batch lies)")
@@ -216,6 +244,7 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
         ->type_name("DIR");
     app.add_option("--json", options.Json, "Write the finished state to FILE, - for standard output")
         ->type_name("FILE");
+    app.add_option("--svg", options.Svg, "Draw the part with its leads into FILE")->type_name("FILE");
     app.add_flag("--remember", options.Remember, "Keep lead values in Korvanta.ini, as the station does");
     app.add_flag("--quiet", options.Quiet, "No result lines, no progress; warnings stay");
 }
@@ -238,11 +267,16 @@ void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& r
     if (raw.ProgramOption->count() > 0) {
         CheckProgramName(options.Program);
     }
-    if (Trim(options.Source).empty()) {
-        throw CLI::ValidationError("SOURCE", "the name is empty");
+    if (Trim(options.Source).empty() && !options.ListShapes) {
+        throw CLI::ValidationError("SOURCE", "a shape, a drawing or an ISO program is needed");
+    }
+    options.ShapeId = ShapeIdOfName(UpperCase(options.Source));
+    for (const std::string& parameter : raw.Parameters) {
+        options.Parameters.push_back(ReadParameter(parameter, FindShape(options.ShapeId)));
     }
     options.Station = options.Station.empty() ? ProgramFolder() : AbsolutePath(options.Station);
     options.Out = options.Out.empty() ? "" : AbsolutePath(options.Out);
+    options.Svg = options.Svg.empty() ? "" : AbsolutePath(options.Svg);
     options.Json = options.Json.empty() || options.Json == "-" ? options.Json : AbsolutePath(options.Json);
 }
 } // namespace

@@ -17,15 +17,25 @@ struct BatchStep {
     void (*Key)(void) = nullptr; ///< routine of a `--key`; null for a `--set`
 };
 
+/// One `--param`: the value of the field of that index.
+struct BatchParameter {
+    std::size_t Field = 0;
+    std::string Value;
+};
+
 struct BatchOptions {
     std::string Source;
-    std::string Station;          ///< absolute, without a trailing separator
-    std::int16_t Language = 0;    ///< 0: as the configuration says
-    std::vector<BatchStep> Steps; ///< in the order given
+    std::int16_t ShapeId = 0;               ///< of a source that names a shape of the catalogue, else 0
+    std::vector<BatchParameter> Parameters; ///< in the order given
+    bool ListShapes = false;                ///< print the catalogue and nothing else
+    std::string Station;                    ///< absolute, without a trailing separator
+    std::int16_t Language = 0;              ///< 0: as the configuration says
+    std::vector<BatchStep> Steps;           ///< in the order given
     std::array<std::optional<std::string>, PprInputSlots + 1> Inputs; ///< slots from 1
     std::string Program;                                              ///< empty: none is written
     std::string Out;                                                  ///< absolute; empty: NC_PATH
     std::string Json;                                                 ///< absolute, or "-"; empty: none
+    std::string Svg;                                                  ///< absolute; empty: none
     bool Remember = false;
     bool Quiet = false;
 };

@@ -2,6 +2,7 @@
 
 #include "batch/SilentScreen.h"
 #include "batch/StateJson.h"
+#include "batch/SvgSurface.h"
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "nesting/Korvanta_CutTecnology.h"
@@ -9,6 +10,7 @@
 #include "platform/Paths.h"
 #include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
+#include "shapes/Korvanta_Parameters.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
 
@@ -77,17 +79,38 @@ std::string FailureReason(const SourceFile& source)
     return native + ": no drawing that can be read, or one of more than 32767 elements";
 }
 
-bool OpenSource(const std::string& name)
+/// What the station's boxes said, ahead of the line that tells why.
+void PrintBoxes()
 {
-    const SourceFile source = ResolveSource(name);
-    if (OpenImport(source.Kind, source.Name)) {
-        return true;
-    }
     for (const std::string& box : SilentScreen.Boxes) {
         std::fprintf(stderr, "%s\n", box.c_str());
     }
+}
+
+bool OpenSource(const BatchOptions& options)
+{
+    if (options.ShapeId != 0) {
+        OpenShape(options.ShapeId);
+        for (const BatchParameter& parameter : options.Parameters) {
+            SetText(AppState.ParamText[parameter.Field], parameter.Value);
+        }
+        return true;
+    }
+    const SourceFile source = ResolveSource(options.Source);
+    if (OpenImport(source.Kind, source.Name)) {
+        return true;
+    }
+    PrintBoxes();
     std::fprintf(stderr, "korvanta-batch: %s\n", FailureReason(source).c_str());
     return false;
+}
+
+/// A shape whose parameters give no part; which of them, no check tells.
+int EndWithBadShape(const BatchOptions& options)
+{
+    PrintBoxes();
+    std::fprintf(stderr, "korvanta-batch: %s can't be built with these parameters\n", options.Source.c_str());
+    return StatusFailed;
 }
 
 /// F10 forward, F9 back. A screen that refuses to be entered ends the way.
@@ -215,9 +238,8 @@ void PrintResults(const BatchOptions& options, std::int64_t copies)
 }
 
 /// A plain file appears only when it is complete; devices and pipes are written as they stand.
-void WriteJson(const BatchOptions& options)
+void WriteJson(const BatchOptions& options, const std::string& text)
 {
-    const std::string text = StateJson(!options.Program.empty());
     if (options.Json == "-") {
         std::fwrite(text.data(), 1, text.size(), stdout);
         return;
@@ -246,6 +268,23 @@ void SaveProgram(const BatchOptions& options)
 }
 } // namespace
 
+int ListShapes(const BatchOptions& options)
+{
+    if (!options.Json.empty()) {
+        WriteJson(options, ShapesJson());
+        return StatusDone;
+    }
+    for (const ShapeRow& row : ShapeCatalogue()) {
+        std::string line = row.Name;
+        for (int i = 0; i < ParameterCount(row); ++i) {
+            line +=
+                std::string("  ") + row.Parameters[i].Letter + "=" + PlainNumber(row.Parameters[i].Default);
+        }
+        std::puts(line.c_str());
+    }
+    return StatusDone;
+}
+
 int RunRoad(const BatchOptions& options)
 {
     SilentScreen.Inputs = options.Inputs;
@@ -254,8 +293,12 @@ int RunRoad(const BatchOptions& options)
         HoldConfigWrites();
     }
     StartStation(options.Station, options.Language);
-    if (!OpenSource(options.Source)) {
+    if (!OpenSource(options)) {
         return StatusFailed;
+    }
+    GoToScreen(ScreenCutting);
+    if (AppState.ScreenState != ScreenCutting) {
+        return EndWithBadShape(options);
     }
     for (const BatchStep& step : options.Steps) {
         RunStep(step);
@@ -272,7 +315,10 @@ int RunRoad(const BatchOptions& options)
         PrintResults(options, copies);
     }
     if (!options.Json.empty()) {
-        WriteJson(options);
+        WriteJson(options, StateJson(!options.Program.empty()));
+    }
+    if (!options.Svg.empty()) {
+        WriteWholeText(options.Svg, PartSvg());
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         throw RunTimeFault("can't write to standard output");

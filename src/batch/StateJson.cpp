@@ -7,6 +7,7 @@
 #include "platform/Paths.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "shapes/Korvanta_Parameters.h"
 
 #include <charconv>
 #include <cmath>
@@ -343,8 +344,35 @@ std::string StateJson(bool withProgram)
     Close(out, '}');
     Nest(out);
     Program(out, withProgram);
-    Import(out);
+    if (AppState.ShapeId == 0) {
+        Import(out);
+    }
     Close(out, '}');
+    out.Text += '\n';
+    return out.Text;
+}
+
+std::string ShapesJson()
+{
+    JsonText out;
+    Open(out, '[');
+    for (const ShapeRow& row : ShapeCatalogue()) {
+        Break(out);
+        Open(out, '{');
+        Member(out, "ShapeId", row.ShapeId);
+        Member(out, "Name", std::string(row.Name));
+        Key(out, "Parameters");
+        Open(out, '[');
+        for (int i = 0; i < ParameterCount(row); ++i) {
+            Open(out, '{');
+            Member(out, "Letter", std::string(row.Parameters[i].Letter));
+            Member(out, "Default", row.Parameters[i].Default);
+            Close(out, '}');
+        }
+        Close(out, ']');
+        Close(out, '}');
+    }
+    Close(out, ']');
     out.Text += '\n';
     return out.Text;
 }

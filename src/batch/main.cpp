@@ -29,7 +29,10 @@ int main(int argc, char** argv)
     try {
         BatchOptions options;
         int status = StatusDone;
-        return ReadOptions(argc, argv, options, status) ? RunRoad(options) : status;
+        if (!ReadOptions(argc, argv, options, status)) {
+            return status;
+        }
+        return options.ListShapes ? ListShapes(options) : RunRoad(options);
     } catch (const RunTimeFault& fault) {
         return EndWithFault(fault.what());
     } catch (const std::bad_alloc&) {

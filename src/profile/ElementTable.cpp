@@ -94,6 +94,9 @@ void ClearPart()
     AppState.PathCursorDistance = NoValue;
     AppState.PathCursorProfile = 0;
     AppState.MoveStep = 10.0;
+    AppState.ShapeFlagTwin = FlagOff;
+    AppState.OpenShapePart = FlagOff;
+    AppState.NoKerfCodes = FlagOff;
 }
 
 void RenewLine(ProfileElement& element)

@@ -37,7 +37,7 @@ ShapeParameters ReadParameters()
     return parameters;
 }
 
-/// Tables empty, flags of the part before cleared. The lead data of the same part stays when asked for.
+/// Tables empty. The lead data of the same part stays when asked for.
 void ClearForDevelopment()
 {
     std::vector<ProfileRecord> records = std::move(AppState.ProfileTable);
@@ -45,7 +45,6 @@ void ClearForDevelopment()
     if (AppState.KeepLeadData != 0) {
         AppState.ProfileTable = std::move(records);
     }
-    AppState.ShapeFlagTwin = FlagOff;
 }
 
 /// What the current shape means for leads and compensation; no shape means nothing.

@@ -57,6 +57,10 @@ enum class ImportKind { Drawing, Program };
 /// stays on the Input screen and gives false. `name` as ImportDxf and ImportIso take it.
 bool OpenImport(ImportKind kind, std::string name);
 
+/// Opens a shape of the catalogue with its defaults and goes to the Parameters screen. An identifier without a row does
+/// nothing.
+void OpenShape(std::int16_t shapeId);
+
 /// The screen of CAM tab 0 Parameters, 1 Cutting, 2 Nesting. Keeps the tab in PreviousCamTab.
 void EnterCamTab(std::int16_t tab);
 
@@ -67,8 +71,8 @@ void PreviousCamTab();
 void EnterInputScreen();
 void EnterParametersScreen();
 
-/// The Cutting screen; with `rebuild` (any way but from Nesting) lead data is set up first, and a new part starts with
-/// profile 1.
+/// The Cutting screen; with `rebuild` (any way but from Nesting) the part is built and its lead data set up first, and
+/// profile 1 is selected. A shape that can't be built leads back to the Parameters screen after the failure box.
 void EnterCuttingScreen(bool rebuild);
 
 /// The Nesting screen with its layout.

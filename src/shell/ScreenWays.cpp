@@ -1,9 +1,12 @@
+#include "config/Korvanta_Utility.h"
 #include "import/Korvanta_DxfIn.h"
 #include "import/Korvanta_IsoIn.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Screen.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "shapes/Korvanta_Develop.h"
+#include "shapes/Korvanta_Parameters.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
@@ -26,14 +29,29 @@ void ShowImportFailure()
     ShowBox(MessageText(34), MessageText(38), "", false, result);
 }
 
-/// A new part has no selected profile, and the field may still show one of the part before it.
+/// A new part begins with its first profile, whatever the field shows of the part before it.
 void SelectFirstProfile()
 {
-    if (AppState.CurrentProfile != 0 || AppState.ProfileCount == 0) {
+    const bool developed = AppState.ShapeId > 0;
+    if (AppState.ProfileCount == 0 || (AppState.CurrentProfile != 0 && !developed)) {
         return;
     }
     SelectProfile(1, FlagOff);
     SetText(AppState.TextCutting[FieldProfileNumber], "1");
+}
+
+/// The part for the Cutting screen. A shape that was built before from the same opening keeps its leads; a new one
+/// starts from the defaults.
+bool PreparePart()
+{
+    AppState.KeepLeadData = ToFlag(AppState.ShapeId > 0 && AppState.DevelopedShape == AppState.ShapeId);
+    if (!BuildCurrentPart()) {
+        return false;
+    }
+    AppState.DevelopedShape = AppState.ShapeId;
+    InitLeadData();
+    SelectFirstProfile();
+    return true;
 }
 } // namespace
 
@@ -46,8 +64,23 @@ bool OpenImport(ImportKind kind, std::string name)
         EnterInputScreen();
         return false;
     }
+    ShowShapeParameters(AppState.ShapeId, FlagOn);
     EnterCamTab(TabParameters);
     return true;
+}
+
+void OpenShape(std::int16_t shapeId)
+{
+    ResetFieldsForPart();
+    const ShapeRow* row = FindShape(shapeId);
+    if (row == nullptr) {
+        return;
+    }
+    AppState.ShapeId = shapeId;
+    AppState.JobName = DashToUnderscore(row->Name);
+    AppState.SourceName = AppState.JobName;
+    ShowShapeParameters(shapeId, FlagOn);
+    EnterCamTab(TabParameters);
 }
 
 void EnterCamTab(std::int16_t tab)
@@ -97,9 +130,9 @@ void EnterParametersScreen()
 void EnterCuttingScreen(bool rebuild)
 {
     AppState.ScreenState = ScreenCutting;
-    if (rebuild) {
-        InitLeadData();
-        SelectFirstProfile();
+    if (rebuild && !PreparePart()) {
+        EnterParametersScreen();
+        return;
     }
     ShowProfileFields();
     RedrawScreen(FlagOn);

@@ -83,4 +83,5 @@ void ResetFieldsForPart()
     AppState.NestResultX = 0;
     AppState.NestResultY = 0;
     AppState.ShapeId = 0;
+    AppState.DevelopedShape = 0;
 }

@@ -119,6 +119,7 @@ struct AppStateRecord {
     std::int16_t WorkInternalSense = 0;
     Flag ShapeFlagTwin = FlagOff; ///< the part is one of the twin-half shapes
     Flag OpenShapePart = FlagOff; ///< set by the shapes that draw an open part
+    std::int16_t DevelopedShape = 0; ///< ShapeId of the part that the Cutting screen was last built for
     Flag KeepLeadData = FlagOff;  ///< lead data of the last development stays in force
     double MoveStep = 10.0;       ///< field "Move Step"
     Flag PathOriginSet = FlagOff; ///< the path cursor is on and gives the program's zero
