@@ -187,6 +187,10 @@ void CheckProgramName(std::string& name)
     if (Trim(name.substr(0, name.find('.'))).empty()) {
         throw CLI::ValidationError("--program", "the name is empty");
     }
+    if (name == "SIMULA") {
+        throw CLI::ValidationError("--program",
+                                   "SIMULA is the station's word for a simulation; choose another name");
+    }
 }
 
 /// The texts as the command line gave them.

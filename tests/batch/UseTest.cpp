@@ -46,6 +46,7 @@ const WrongCase WrongCases[] = {
     {{"box.iso", "--language", "it"}, "--language"},
     {{"box.iso", "--program", ""}, "--program"},
     {{"box.iso", "--program", ".nc"}, "--program"},
+    {{"box.iso", "--program", "SIMULA"}, "simulation"},
 };
 
 TEST(Use, WrongUseIsStatus2WithAHint)
