@@ -1,5 +1,6 @@
 #include "batch/Road.h"
 
+#include "batch/LeadCheck.h"
 #include "batch/SilentScreen.h"
 #include "batch/StateJson.h"
 #include "batch/SvgSurface.h"
@@ -26,6 +27,7 @@ namespace fs = std::filesystem;
 
 /// More open profiles than these aren't listed one by one.
 constexpr std::size_t OpenProfilesListed = 5;
+constexpr std::size_t LeadsListed = 10;
 
 /// Where the source lies, in the form that the imports take, and how it is read.
 struct SourceFile {
@@ -181,6 +183,22 @@ void WarnOpenProfiles()
     }
 }
 
+void WarnLeads()
+{
+    const std::vector<std::int32_t> profiles = LeadsInMaterial();
+    if (profiles.empty()) {
+        return;
+    }
+    std::string list;
+    for (std::size_t i = 0; i < std::min(profiles.size(), LeadsListed); ++i) {
+        list += (i > 0 ? ", " : "") + std::to_string(profiles[i]);
+    }
+    std::fprintf(stderr,
+                 "warning: the lead-in of profile%s %s%s starts in the part: shorten or move it, or take a "
+                 "smaller Move Step\n",
+                 profiles.size() > 1 ? "s" : "", list.c_str(), profiles.size() > LeadsListed ? ", ..." : "");
+}
+
 void WarnInputs()
 {
     for (std::size_t slot = 1; slot <= PprInputSlots; ++slot) {
@@ -311,6 +329,7 @@ int RunRoad(const BatchOptions& options)
     }
     const std::int64_t copies = options.Program.empty() ? CopiesOfNest() : AppState.ProgramCopies;
     WarnPart(copies);
+    WarnLeads();
     if (!options.Quiet) {
         PrintResults(options, copies);
     }

@@ -119,6 +119,25 @@ TEST(Shapes, ThePictureHoldsContourAndLead)
     EXPECT_THAT(picture, HasSubstr("L0 0\"")) << "the straight lead of 15 ends at the corner";
 }
 
+TEST(Shapes, LeadsThatPierceThePartAreTold)
+{
+    const BatchStation station;
+    // Holes of 10: a lead of 10 + 5 square to the contour starts 5 beyond the far side.
+    const BatchResult pierced = station.Run({"R-20", "--param", "Di=10"});
+    EXPECT_EQ(pierced.Status, 0);
+    EXPECT_THAT(pierced.Errors, HasSubstr("lead-in of profiles 1, 2, 3, 4 starts in the part"));
+    EXPECT_EQ(station.Run({"R-20", "--param", "Di=40"}).Errors, "");
+    EXPECT_EQ(station
+                  .Run({"R-20", "--param", "Di=10", "--set", "LeadIn : A=2", "--set", "LeadIn : B=1", "--key",
+                        "CopyLeads"})
+                  .Errors,
+              "");
+    // A ring of 10 inside a hole: the lead outside of it ends in the outer ring.
+    EXPECT_THAT(station.Run({"C-24"}).Errors, HasSubstr("lead-in of profiles 2, 3 starts"));
+    EXPECT_EQ(station.Run({"C-26"}).Errors, "") << "open halves hold no material";
+    EXPECT_EQ(station.Run({"H-01"}).Errors, "") << "the lead of a hole lies in its scrap";
+}
+
 std::string ReadShipped(const std::string& name)
 {
     std::ifstream file(std::string(KORVANTA_SOURCE_DIR) + "/station/" + name, std::ios::binary);
