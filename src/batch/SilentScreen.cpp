@@ -52,6 +52,17 @@ void ClearProgress()
 
 void FocusField(const ValueField&) {}
 
+void FocusList(std::int16_t) {}
+
+ListMetrics MeasureList(std::int16_t)
+{
+    return {};
+}
+
+void FocusInputRow(std::int16_t) {}
+
+void SelectInputRow(std::int16_t) {}
+
 void SelectFieldText(const ValueField&, std::int32_t, std::int32_t) {}
 
 void Yield() {}
@@ -90,12 +101,6 @@ void RunInputDialog(const std::string&)
     }
 }
 
-void PictureSize(std::int32_t& width, std::int32_t& height)
-{
-    width = 640;
-    height = 480;
-}
-
 void ShowProgress(std::int32_t range)
 {
     Line.Range = range;
@@ -125,3 +130,5 @@ std::vector<TopWindow> ListTopWindows()
 {
     return {}; // runs side by side are no matter
 }
+
+void RaiseTopWindow(std::intptr_t) {}

@@ -15,12 +15,19 @@ constexpr double MarginPixels = 12.0;
 constexpr double DashPixels = 5.0;
 constexpr std::int16_t LeadWidth = 2;
 constexpr std::int16_t NumberPlaces = 3;
+constexpr double PixelsPerPoint = 96.0 / 72.0;
+constexpr double LetterWidth = 0.6; ///< of the font's height, about
+constexpr double LineHeight = 1.2;
+constexpr std::int32_t WidthPixels = 640;
+constexpr std::int32_t HeightPixels = 480;
 
 /// Strokes of one pen are gathered into one path; the picture grows with what is drawn.
 struct SvgPicture {
+    bool Open = false; ///< a picture is being made
     std::string Paths;
     std::string Strokes; ///< of the pen in use
     SurfacePen Pen;
+    double FontPixels = 12.0;
     double MinX = 0.0;
     double MinY = 0.0;
     double MaxX = 0.0;
@@ -29,14 +36,31 @@ struct SvgPicture {
 
 SvgPicture Svg;
 
-/// Y grows downward in the file.
-void AddPoint(double x, double y)
+std::string Number(double value)
+{
+    return FormatNumber(value, 0, NumberPlaces);
+}
+
+std::string ColourText(std::uint32_t rgb)
+{
+    char text[16];
+    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(rgb));
+    return text;
+}
+
+void Cover(double x, double y)
 {
     Svg.MinX = std::min(Svg.MinX, x);
     Svg.MaxX = std::max(Svg.MaxX, x);
     Svg.MinY = std::min(Svg.MinY, y);
     Svg.MaxY = std::max(Svg.MaxY, y);
-    Svg.Strokes += FormatNumber(x, 0, NumberPlaces) + " " + FormatNumber(-y, 0, NumberPlaces);
+}
+
+/// Y grows downward in the file.
+void AddPoint(double x, double y)
+{
+    Cover(x, y);
+    Svg.Strokes += Number(x) + " " + Number(-y);
 }
 
 void FinishPath()
@@ -45,13 +69,10 @@ void FinishPath()
         return;
     }
     const double pixel = std::fabs(AppState.UnitsPerPixelX);
-    char style[160];
-    std::snprintf(style, sizeof style, "<path stroke=\"#%06x\" stroke-width=\"%s\"",
-                  static_cast<unsigned>(Svg.Pen.Rgb),
-                  FormatNumber(Svg.Pen.Width * pixel, 0, NumberPlaces).c_str());
-    Svg.Paths += style;
+    Svg.Paths += "<path stroke=\"" + ColourText(Svg.Pen.Rgb) + "\" stroke-width=\"" +
+                 Number(Svg.Pen.Width * pixel) + "\"";
     if (Svg.Pen.Dashed) {
-        Svg.Paths += " stroke-dasharray=\"" + FormatNumber(DashPixels * pixel, 0, NumberPlaces) + "\"";
+        Svg.Paths += " stroke-dasharray=\"" + Number(DashPixels * pixel) + "\"";
     }
     Svg.Paths += " d=\"" + Svg.Strokes + "\"/>\n";
     Svg.Strokes.clear();
@@ -59,12 +80,81 @@ void FinishPath()
 
 void AddArc(double radius, bool large, double x, double y)
 {
-    const std::string size = FormatNumber(radius, 0, NumberPlaces);
+    const std::string size = Number(radius);
     Svg.Strokes +=
         "A" + size + " " + size + " 0 " + (large ? "1" : "0") + " 0 "; // counter-clockwise on the page too
     AddPoint(x, y);
 }
 } // namespace
+
+bool PictureShown()
+{
+    return Svg.Open;
+}
+
+void SurfaceSize(Picture, std::int32_t& width, std::int32_t& height)
+{
+    width = WidthPixels;
+    height = HeightPixels;
+}
+
+void SurfaceSetScale(Picture, double, double, double, double) {} // the file is in world units
+
+void SurfaceClear(Picture)
+{
+    Svg.Strokes.clear();
+    Svg.Paths.clear();
+}
+
+void SurfaceSetFont(Picture, std::int16_t points)
+{
+    Svg.FontPixels = points * PixelsPerPoint;
+}
+
+void SurfaceBox(Picture, float x1, float y1, float x2, float y2)
+{
+    Svg.Strokes += "M";
+    AddPoint(x1, y1);
+    Svg.Strokes += "L";
+    AddPoint(x2, y1);
+    Svg.Strokes += "L";
+    AddPoint(x2, y2);
+    Svg.Strokes += "L";
+    AddPoint(x1, y2);
+    Svg.Strokes += "Z";
+}
+
+void SurfaceFillBox(Picture, float x1, float y1, float x2, float y2, std::uint32_t rgb)
+{
+    FinishPath();
+    Cover(x1, y1);
+    Cover(x2, y2);
+    Svg.Paths += "<rect x=\"" + Number(std::min(x1, x2)) + "\" y=\"" + Number(-std::max(y1, y2)) +
+                 "\" width=\"" + Number(std::fabs(x2 - x1)) + "\" height=\"" + Number(std::fabs(y2 - y1)) +
+                 "\" fill=\"" + ColourText(rgb) + "\"/>\n";
+}
+
+void SurfaceText(Picture picture, float x, float y, const std::string& text, std::uint32_t rgb)
+{
+    FinishPath();
+    double width = 0.0;
+    double height = 0.0;
+    SurfaceTextSize(picture, text, width, height);
+    Cover(x, y);
+    Cover(x + width, y - height);
+    const double size = Svg.FontPixels * std::fabs(AppState.UnitsPerPixelY);
+    Svg.Paths += "<text x=\"" + Number(x) + "\" y=\"" + Number(-y + size) + "\" font-size=\"" + Number(size) +
+                 "\" font-family=\"sans-serif\" fill=\"" + ColourText(rgb) + "\">" + text + "</text>\n";
+}
+
+void SurfaceTextSize(Picture, const std::string& text, double& width, double& height)
+{
+    width =
+        static_cast<double>(text.size()) * LetterWidth * Svg.FontPixels * std::fabs(AppState.UnitsPerPixelX);
+    height = LineHeight * Svg.FontPixels * std::fabs(AppState.UnitsPerPixelY);
+}
+
+void SurfaceSetCrossPointer(Picture, bool) {} // nobody points at a file
 
 void SurfaceSetPen(Picture, const SurfacePen& pen)
 {
@@ -112,17 +202,16 @@ std::string PartSvg()
     Svg = SvgPicture();
     Svg.MaxX = AppState.MaxX;
     Svg.MaxY = AppState.MaxY;
-    FitView(0.0, 0.0);
+    FitView(Picture::Tecno, 0.0, 0.0);
     AppState.PenX = 0.0;
     AppState.PenY = 0.0;
     DrawPart(Picture::Tecno, 0.0, 0.0, FlagOn);
     DrawMoves(Picture::Tecno, 0.0, 0.0, LeadWidth);
     FinishPath();
     const double margin = MarginPixels * std::fabs(AppState.UnitsPerPixelX);
-    const auto number = [](double value) { return FormatNumber(value, 0, NumberPlaces); };
     const double width = Svg.MaxX - Svg.MinX + 2 * margin;
     const double height = Svg.MaxY - Svg.MinY + 2 * margin;
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + number(Svg.MinX - margin) + " " +
-           number(-Svg.MaxY - margin) + " " + number(width) + " " + number(height) +
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + Number(Svg.MinX - margin) + " " +
+           Number(-Svg.MaxY - margin) + " " + Number(width) + " " + Number(height) +
            "\" width=\"640\">\n<style>path{fill:none}</style>\n" + Svg.Paths + "</svg>\n";
 }

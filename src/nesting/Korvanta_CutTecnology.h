@@ -1,6 +1,7 @@
 // Korvanta_CutTecnology.h -- the regular grid of copies on the sheet, and the redraw of the screens that show it.
 #pragma once
 
+#include "platform/Surface.h"
 #include "state/AppState.h"
 
 #include <string>
@@ -32,5 +33,44 @@ std::int64_t WalkCopies(double originX, double originY, CopyVisitor visit, void*
 /// The number of copies of that walk, without walking it.
 std::int64_t CountCopies(double originX, double originY);
 
-/// Scene and statistics of the current screen; with `fit` the view is fitted first.
-void RedrawCurrent(Flag fit);
+// --- the screens that show it (Scene.cpp, Redraw.cpp) ---------------------------------------------------------
+
+/// True where the sheet and the nest are shown: on the Nesting screen, and in SaveMode, whose preview shows them still.
+bool ShowsNest();
+
+/// The picture of the current screen: Tecno, Nesting, in SaveMode Preview, else Param.
+Picture CurrentPicture();
+
+/// FitView to what a picture shows: the sheet where the nest is shown, else the part.
+void FitScene(Picture picture);
+
+/// Clears a picture and draws the part on it, with axes and sizes when `axes` is set; or the sheet with the nest, after
+/// ComputeLayout. `fit` fits the view first, `marker` is DrawPart's. A part without size leaves the picture empty. Without
+/// a shown picture only the numbers follow: layout, view, PartSizeX, PartSizeY.
+void DrawScene(Picture picture, Flag fit, Flag axes, Flag marker);
+
+/// The sheet from (0, 0), filled with `rgb`, with its outline and its shadow.
+void DrawSheet(Picture picture, double width, double height, std::uint32_t rgb);
+
+/// The overlay of the cut of every copy in the order of the program, strokes `width` pixels wide, two lines of text with
+/// copies, pierces and cut length, and the origin mark. Sets CopiesDrawn, PenX, PenY, and the lead points as each
+/// drawn copy does. Off the Cutting and Nesting screens nothing.
+void DrawStatistics(Picture picture, std::int16_t width);
+
+/// Two arrows at the program's zero: the path cursor, or the corner of the first cell.
+void DrawOriginMark(Picture picture);
+
+/// Scene and statistics of the current screen, strokes of the overlay `width` pixels wide; with `fit` the view is
+/// fitted first. A frame of the zoom that stood on the picture stands there again. Off the Cutting and Nesting screens
+/// nothing.
+void RedrawCurrent(std::int16_t width, Flag fit);
+
+/// The same with the usual width: what AppState.Redraw is set to.
+void RedrawScene(Flag fit);
+
+/// The part after a change of its table: bounds, the view fitted to it, and the scene with all that belongs to it.
+void RefreshPart(Picture picture);
+
+/// The frame of the zoom: the view divided by `factor` about ViewCentreX, ViewCentreY, and two lines through the centre, on
+/// inverting strokes. Drawn a second time it is gone.
+void DrawZoomFrame(Picture picture, double factor);

@@ -1,64 +1,147 @@
-// What a redraw of the Cutting and Nesting screens does to the numbers: layout, fit of the view, and the statistics
-// walk that finds the lead points.
+// The redraw of the Cutting and Nesting screens: the scene, and the statistics walk over its copies, which finds the
+// lead points on its way.
+#include "config/Korvanta_Utility.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "nesting/NestNumbers.h"
+#include "profile/Drawing.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
+#include "profile/Strokes.h"
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 namespace
 {
-void LayOutScene(Flag fit)
+constexpr std::int16_t OverlayWidth = 2; ///< of the leads, in pixels
+constexpr double OriginBefore = 5.0;     ///< pixels of an arrow of the origin mark, ahead of its point
+constexpr double OriginAfter = 35.0;     ///< and behind it
+constexpr double FirstTextLine = 1.1;    ///< text heights above the part
+constexpr double SecondTextLine = 1.2;
+
+bool HasStatistics()
 {
-    AppState.PartSizeX = AppState.MaxX - AppState.MinX;
-    AppState.PartSizeY = AppState.MaxY - AppState.MinY;
-    if (AppState.PartSizeX < Tolerance && AppState.PartSizeY < Tolerance) {
-        return;
-    }
-    ComputeLayout();
-    if (fit == FlagOff) {
-        return;
-    }
-    if (AppState.ScreenState == ScreenNesting) {
-        FitView(NestNumber(FieldSheetX), NestNumber(FieldSheetY));
-    } else {
-        FitView(0.0, 0.0);
-    }
+    return AppState.ScreenState == ScreenCutting || ShowsNest();
 }
 
-/// Each drawn copy builds the leads of each profile. All that outlives this is the lead point, in Status, LeadElement
+bool PartHasSize()
+{
+    return !(AppState.PartSizeX < Tolerance && AppState.PartSizeY < Tolerance);
+}
+
+/// Where the first copy stands in the walk.
+void WalkOrigin(double& x, double& y)
+{
+    const double kerf = NestNumber(FieldKerf);
+    x = ShowsNest() ? kerf + NestNumber(FieldGapX) / 2 : 0.0;
+    y = ShowsNest() ? kerf + NestNumber(FieldGapY) / 2 : 0.0;
+}
+
+struct OverlayWalk {
+    Picture On;
+    std::int16_t Width;
+    std::int64_t Left; ///< copies still to be drawn
+};
+
+bool DrawCopyMoves(double x, double y, void* context)
+{
+    auto& walk = *static_cast<OverlayWalk*>(context);
+    DrawMoves(walk.On, x, y, walk.Width);
+    return --walk.Left > 0;
+}
+
+/// The two lines of text. The Y scale is negative, and so are the heights that are taken off: the texts stand above the
+/// part. The second goes on where the first ends.
+void DrawStatisticsText(Picture picture, std::int64_t copies)
+{
+    const std::string shapes = "Shape:" + NumberText(static_cast<double>(copies)) + "; ";
+    const std::string cuts =
+        "Piercing:" + NumberText(static_cast<double>(AppState.ProfileCount) * static_cast<double>(copies)) +
+        "; Cutting (mm): " + FormatNumber(static_cast<double>(copies) * AppState.TotalCutLength);
+    double letter = 0.0;
+    double line = 0.0;
+    double width = 0.0;
+    SurfaceTextSize(picture, "A", letter, line);
+    SurfaceTextSize(picture, shapes, width, line);
+    SurfaceText(picture, ToSurface(letter), ToSurface(AppState.PartSizeY + FirstTextLine * line), shapes,
+                ColourBlack);
+    SurfaceText(picture, ToSurface(letter + width), ToSurface(AppState.PartSizeY + SecondTextLine * line),
+                cuts, ColourBlack);
+}
+
+/// What the walk does to the leads, without a stroke. Each drawn copy builds the leads of each profile. All that outlives this is the lead point, in Status, LeadElement
 /// and LeadPosition of the records, and LeadPosition is written in one case only: when it lies past the end of the
 /// contour it becomes half the length of the last element. The first copy may do that and still leave the lead
 /// in the middle of the last element; the second finds the half length as a plain distance from the first point. That
 /// lies on the contour (no contour is shorter than half its last element), or is 0 on a contour without length,
 /// which writes 0 again. From then on the input of the search stays the same, so a third copy leaves what the second
 /// left, and the rest only need counting.
-void WalkStatistics()
+void FindLeadsOfCopies(std::int64_t copies)
 {
     constexpr std::int64_t CopiesThatMatter = 2;
-    const bool nesting = AppState.ScreenState == ScreenNesting;
-    const double kerf = NestNumber(FieldKerf);
-    const double originX = nesting ? kerf + NestNumber(FieldGapX) / 2 : 0.0;
-    const double originY = nesting ? kerf + NestNumber(FieldGapY) / 2 : 0.0;
-    const std::int64_t copies = CountCopies(originX, originY);
     for (std::int64_t copy = 0; copy < std::min(copies, CopiesThatMatter); ++copy) {
         for (std::int32_t profile = 1; profile <= AppState.ProfileCount; ++profile) {
             LeadRecordArray leads;
             BuildLeads(leads, profile);
         }
     }
-    constexpr std::int64_t Most = std::numeric_limits<std::int32_t>::max();
-    AppState.CopiesDrawn = static_cast<std::int32_t>(std::min(copies, Most));
 }
 } // namespace
 
-void RedrawCurrent(Flag fit)
+void DrawStatistics(Picture picture, std::int16_t width)
 {
-    if (AppState.ScreenState != ScreenCutting && AppState.ScreenState != ScreenNesting) {
+    if (!HasStatistics()) {
         return;
     }
-    LayOutScene(fit);
-    WalkStatistics();
+    AppState.PenX = 0.0;
+    AppState.PenY = 0.0;
+    double originX = 0.0;
+    double originY = 0.0;
+    WalkOrigin(originX, originY);
+    const std::int64_t copies = CountCopies(originX, originY);
+    constexpr std::int64_t Most = std::numeric_limits<std::int32_t>::max();
+    AppState.CopiesDrawn = static_cast<std::int32_t>(std::min(copies, Most));
+    if (!PictureShown() || !PartHasSize()) {
+        FindLeadsOfCopies(copies);
+        return;
+    }
+    OverlayWalk walk{picture, width, CopiesToDraw()};
+    WalkCopies(originX, originY, DrawCopyMoves, &walk);
+    DrawStatisticsText(picture, copies);
+    DrawOriginMark(picture);
+}
+
+void DrawOriginMark(Picture picture)
+{
+    const bool cursor = AppState.PathOriginSet != FlagOff;
+    const double x = AppState.GapX / 2 + (cursor ? AppState.PathOriginX : 0.0);
+    const double y = AppState.GapY / 2 + (cursor ? AppState.PathOriginY : 0.0);
+    DrawArrow(picture, x - PixelsX(OriginBefore), y, x + PixelsX(OriginAfter), y, ColourBlue);
+    DrawArrow(picture, x, y - PixelsY(OriginBefore), x, y + PixelsY(OriginAfter), ColourBlue);
+}
+
+void RedrawCurrent(std::int16_t width, Flag fit)
+{
+    if (!HasStatistics()) {
+        return;
+    }
+    const Picture picture = CurrentPicture();
+    DrawScene(picture, fit, FlagOn, FlagOn);
+    DrawStatistics(picture, width);
+    if (AppState.ZoomFrame > 0.0 && PictureShown() && picture != Picture::Preview) {
+        DrawZoomFrame(picture, AppState.ZoomFrame);
+    }
+}
+
+void RedrawScene(Flag fit)
+{
+    RedrawCurrent(OverlayWidth, fit);
+}
+
+void RefreshPart(Picture picture)
+{
+    ComputeBounds();
+    FitView(picture, 0.0, 0.0);
+    DrawScene(picture, FlagOn, FlagOn, FlagOn);
 }

@@ -128,7 +128,7 @@ void ApplySheetEntries(std::int16_t field)
 
 void ComputeLayout()
 {
-    if (AppState.ScreenState != ScreenNesting) {
+    if (!ShowsNest()) {
         AppState.CountX = AppState.CountY = 1;
         AppState.GapX = AppState.GapY = 0.0;
         return;

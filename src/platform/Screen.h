@@ -2,6 +2,7 @@
 // decides: the window, the silent one of the batch tool, or the recorder of the tests.
 #pragma once
 
+#include "state/ScreenRecords.h"
 #include "state/ValueField.h"
 
 #include <cstdint>
@@ -10,6 +11,18 @@
 
 /// Gives the focus to a value field. The window answers with the arrival routine of the field.
 void FocusField(const ValueField& field);
+
+/// Gives the focus to the list of an Input tab.
+void FocusList(std::int16_t tab);
+
+/// The layout of the list of an Input tab as it stands on the screen.
+ListMetrics MeasureList(std::int16_t tab);
+
+/// Gives the focus to the row of slot `slot` of the input dialog: to its list or its text, as the record tells.
+void FocusInputRow(std::int16_t slot);
+
+/// Selects the whole text of the row of slot `slot` of the input dialog.
+void SelectInputRow(std::int16_t slot);
 
 /// Selects the text of a value field from `start` (0-based character) for `length` characters.
 void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length);
@@ -31,9 +44,6 @@ void RunSystemBox(const std::string& caption, const std::string& text);
 /// leaves with the operator's answer in Value.
 void RunInputDialog(const std::string& title);
 
-/// Size in pixels of the drawing box of the current screen.
-void PictureSize(std::int32_t& width, std::int32_t& height);
-
 /// The progress bar of a program run: shown with its range from 0, moved, hidden. Values beyond the range
 /// are ignored.
 void ShowProgress(std::int32_t range);
@@ -48,3 +58,6 @@ struct TopWindow {
 
 /// The top-level windows in the order in which the window system tells them.
 std::vector<TopWindow> ListTopWindows();
+
+/// Brings a top-level window to the foreground.
+void RaiseTopWindow(std::intptr_t handle);

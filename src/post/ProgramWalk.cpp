@@ -406,7 +406,7 @@ void BeginSimulation()
 {
     AppState.ProgramMinX = 0.0;
     AppState.ProgramMinY = 0.0;
-    RedrawCurrent(FlagOff);
+    RedrawScene(FlagOff);
 }
 
 bool VisitCopy(double copyX, double copyY, void* context)

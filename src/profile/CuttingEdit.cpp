@@ -71,7 +71,7 @@ bool SelectProfile(std::int32_t number, Flag redraw)
     AppState.CurrentProfile = selected;
     if (redraw != FlagOff) {
         ShowProfileFields();
-        RedrawScreen(FlagOn);
+        RedrawScreen(FlagOff);
     }
     return selected != number;
 }
@@ -104,7 +104,7 @@ void ApplyLeadValues()
     const double step = std::min(FieldNumber(AppState.TextCutting[FieldMoveStep]), LargestMoveStep);
     AppState.MoveStep = step > 0.0 ? step : StartMoveStep;
     ShowProfileFields();
-    RedrawScreen(FlagOn);
+    RedrawScreen(FlagOff);
 }
 
 void MoveLead(std::int16_t direction)
@@ -121,7 +121,7 @@ void MoveLead(std::int16_t direction)
     if (record.LeadPosition < 0.0) {
         record.LeadPosition += record.ProfileLength;
     }
-    RedrawScreen(FlagOn);
+    RedrawScreen(FlagOff);
 }
 
 void MoveLeadNextElement()
@@ -140,7 +140,7 @@ void MoveLeadNextElement()
     if (record.LeadPosition > record.ProfileLength) {
         record.LeadPosition = 0.0;
     }
-    RedrawScreen(FlagOn);
+    RedrawScreen(FlagOff);
 }
 
 void CopyLeadsToAll()
@@ -175,5 +175,5 @@ void ChangeProfilePath()
         return;
     }
     ToggleProfileSense(AppState.CurrentProfile);
-    RedrawScreen(FlagOn);
+    RedrawScreen(FlagOff);
 }

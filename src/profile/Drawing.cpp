@@ -3,28 +3,17 @@
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "profile/ProfileSlots.h"
+#include "profile/Strokes.h"
 
 #include <cmath>
 
 namespace
 {
-constexpr std::uint32_t Black = 0x000000;
-constexpr std::uint32_t Red = 0xFF0000;
-constexpr std::uint32_t PaletteGreen = 0x008000;
-constexpr std::uint32_t PaletteCyan = 0x008080;
-constexpr std::uint32_t PaletteMagenta = 0x800080;
-
 constexpr std::int16_t CurrentProfileWidth = 3;
 constexpr double CrossPixels = 5.0;
 constexpr double ArrowPixels = 20.0;
 constexpr double BarbPixels = 8.0;
 constexpr double BarbAngle = 16.0 / 180.0 * Pi;
-
-void Line(Picture picture, double x1, double y1, double x2, double y2)
-{
-    SurfaceLine(picture, static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
-                static_cast<float>(y2));
-}
 
 double InFullTurn(double angle)
 {
@@ -35,7 +24,7 @@ double InFullTurn(double angle)
 void DrawElement(Picture picture, const ProfileElement& element, double x, double y)
 {
     if (element.Kind == KindLine) {
-        Line(picture, x + element.StartX, y + element.StartY, x + element.EndX, y + element.EndY);
+        DrawLine(picture, x + element.StartX, y + element.StartY, x + element.EndX, y + element.EndY);
     } else if (element.Kind == KindArc) {
         DrawArc(picture, x + element.GeoA, y + element.GeoB, x + element.StartX, y + element.StartY,
                 x + element.EndX, y + element.EndY, element.GeoC);
@@ -44,33 +33,10 @@ void DrawElement(Picture picture, const ProfileElement& element, double x, doubl
 
 void DrawCross(Picture picture, double x, double y)
 {
-    const double reachX = CrossPixels * std::fabs(AppState.UnitsPerPixelX);
-    const double reachY = CrossPixels * std::fabs(AppState.UnitsPerPixelY);
-    Line(picture, x - reachX, y, x + reachX, y);
-    Line(picture, x, y - reachY, x, y + reachY);
-}
-
-void RapidTo(Picture picture, double x, double y)
-{
-    SurfaceSetPen(picture, {PaletteMagenta, 1, true});
-    Line(picture, AppState.PenX, AppState.PenY, x, y);
-    AppState.PenX = x;
-    AppState.PenY = y;
-}
-
-/// One move of a lead, from `move` to `next`.
-void DrawLeadMove(Picture picture, const CutMove& move, const CutMove& next, double x, double y,
-                  const SurfacePen& pen)
-{
-    SurfaceSetPen(picture, pen);
-    if (move.Kind == KindArc) {
-        DrawArc(picture, x + move.CentreX, y + move.CentreY, x + move.X, y + move.Y, x + next.X, y + next.Y,
-                move.Radius);
-    } else {
-        Line(picture, x + move.X, y + move.Y, x + next.X, y + next.Y);
-    }
-    AppState.PenX = x + next.X;
-    AppState.PenY = y + next.Y;
+    const double reachX = PixelsX(CrossPixels);
+    const double reachY = PixelsY(CrossPixels);
+    DrawLine(picture, x - reachX, y, x + reachX, y);
+    DrawLine(picture, x, y - reachY, x, y + reachY);
 }
 
 bool IsMove(const CutMove& record)
@@ -79,11 +45,38 @@ bool IsMove(const CutMove& record)
 }
 
 /// The moves of a chain of at most two, records `first` .. first + 2.
-void DrawLead(Picture picture, const LeadRecordArray& leads, int first, double x, double y,
-              const SurfacePen& pen)
+void DrawLead(MoveStep mode, Picture picture, const LeadRecordArray& leads, int first, double x, double y,
+              std::int16_t width)
 {
     for (int i = first; i < first + 2 && IsMove(leads[i]); ++i) {
-        DrawLeadMove(picture, leads[i], leads[i + 1], x, y, pen);
+        DrawMoveStep(mode, picture, leads[i], leads[i + 1], x, y, width);
+    }
+}
+
+/// A rapid line from the pen to a point.
+void RapidTo(Picture picture, double x, double y)
+{
+    CutMove from;
+    from.X = AppState.PenX;
+    from.Y = AppState.PenY;
+    from.Kind = KindLine;
+    CutMove to;
+    to.X = x;
+    to.Y = y;
+    DrawMoveStep(MoveStep::Rapid, picture, from, to, 0.0, 0.0, 1);
+}
+
+SurfacePen PenOf(MoveStep mode, std::int16_t width)
+{
+    switch (mode) {
+    case MoveStep::LeadIn:
+        return {ColourPaletteGreen, width, false, false};
+    case MoveStep::LeadOut:
+        return {ColourPaletteCyan, width, false, false};
+    case MoveStep::Profile:
+        return {ColourPaletteRed, width, false, false};
+    default:
+        return {ColourPaletteMagenta, 1, true, false};
     }
 }
 
@@ -123,26 +116,27 @@ std::int32_t ProfileOf(std::int32_t slot)
     return profile;
 }
 
-/// The marker itself, for callers that know the profile.
+/// The marker itself, for callers that know the profile: thin, in the colour of its contour.
 void DrawMarker(Picture picture, std::int32_t slot, std::int32_t profile, double x, double y)
 {
-    if (AppState.ScreenState == ScreenParameters) {
+    if (AppState.ScreenState == ScreenParameters || slot < 1 || slot >= AppState.ElementCount ||
+        static_cast<std::size_t>(profile) >= AppState.ProfileTable.size()) {
         return;
     }
-    const double reach = std::fabs(TextToNumber(ReadConfig("CONFIG", "KERFPOSDRAW", "5"))) *
-                         std::fabs(AppState.UnitsPerPixelY);
-    if (!(reach > 0.0) || slot < 1 || slot >= AppState.ElementCount) {
+    const double reach = PixelsY(std::fabs(TextToNumber(ReadConfig("CONFIG", "KERFPOSDRAW", "5"))));
+    if (!(reach > 0.0)) {
         return;
     }
+    const std::uint32_t colour = profile == AppState.CurrentProfile ? ColourRed : ColourBlack;
     const MarkerFoot foot = FootOn(ElementAt(slot), ElementAt(slot + 1), reach);
     const double normal = foot.Direction + Pi / 2 * RecordAt(profile).Side;
     const double tipX = x + foot.X + reach * std::cos(normal);
     const double tipY = y + foot.Y + reach * std::sin(normal);
-    SurfaceSetPen(picture, {Black, 1, false});
-    Line(picture, x + foot.X, y + foot.Y, tipX, tipY);
-    const double length = ArrowPixels * std::fabs(AppState.UnitsPerPixelX);
+    SurfaceSetPen(picture, {colour, 1, false, false});
+    DrawLine(picture, x + foot.X, y + foot.Y, tipX, tipY);
+    const double length = PixelsX(ArrowPixels);
     DrawArrow(picture, tipX, tipY, tipX + length * std::cos(foot.Direction),
-              tipY + length * std::sin(foot.Direction), Black);
+              tipY + length * std::sin(foot.Direction), colour);
 }
 } // namespace
 
@@ -153,8 +147,8 @@ void DrawPart(Picture picture, double x, double y, Flag marker)
     for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
         const ProfileElement& element = ElementAt(slot);
         const bool current = AppState.CurrentProfile == profile;
-        SurfaceSetPen(picture,
-                      {current ? Red : Black, current ? CurrentProfileWidth : std::int16_t{1}, false});
+        SurfaceSetPen(picture, {current ? ColourRed : ColourBlack,
+                                current ? CurrentProfileWidth : std::int16_t{1}, false, false});
         DrawElement(picture, element, x, y);
         if (IsEndMark(element.Kind)) {
             ++profile;
@@ -175,9 +169,9 @@ void DrawPart(Picture picture, double x, double y, Flag marker)
 void DrawArc(Picture picture, double centreX, double centreY, double startX, double startY, double endX,
              double endY, double r)
 {
-    const auto cx = static_cast<float>(centreX);
-    const auto cy = static_cast<float>(centreY);
-    const auto radius = static_cast<float>(std::fabs(r));
+    const float cx = ToSurface(centreX);
+    const float cy = ToSurface(centreY);
+    const float radius = ToSurface(std::fabs(r));
     if (dpp(startX, startY, endX, endY) < Tolerance) {
         SurfaceCircle(picture, cx, cy, radius);
         return;
@@ -187,18 +181,32 @@ void DrawArc(Picture picture, double centreX, double centreY, double startX, dou
     if (!(r > 0.0)) {
         SwapValues(from, to);
     }
-    SurfaceArc(picture, cx, cy, radius, static_cast<float>(from), static_cast<float>(to));
+    SurfaceArc(picture, cx, cy, radius, ToSurface(from), ToSurface(to));
 }
 
 void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb)
 {
-    SurfaceSetPen(picture, {rgb, 1, false});
-    Line(picture, x1, y1, x2, y2);
+    SurfaceSetPen(picture, {rgb, 1, false, false});
+    DrawLine(picture, x1, y1, x2, y2);
     const double back = angolo(y1 - y2, x1 - x2);
-    const double barb = BarbPixels * std::fabs(AppState.UnitsPerPixelX);
+    const double barb = PixelsX(BarbPixels);
     for (const double turn : {BarbAngle, -BarbAngle}) {
-        Line(picture, x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn));
+        DrawLine(picture, x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn));
     }
+}
+
+void DrawMoveStep(MoveStep mode, Picture picture, const CutMove& move, const CutMove& next, double x,
+                  double y, std::int16_t width)
+{
+    SurfaceSetPen(picture, PenOf(mode, width));
+    if (move.Kind == KindArc) {
+        DrawArc(picture, x + move.CentreX, y + move.CentreY, x + move.X, y + move.Y, x + next.X, y + next.Y,
+                move.Radius);
+    } else {
+        DrawLine(picture, x + move.X, y + move.Y, x + next.X, y + next.Y);
+    }
+    AppState.PenX = x + next.X;
+    AppState.PenY = y + next.Y;
 }
 
 void DrawMoves(Picture picture, double x, double y, std::int16_t width)
@@ -211,8 +219,8 @@ void DrawMoves(Picture picture, double x, double y, std::int16_t width)
         LeadRecordArray leads;
         BuildLeads(leads, profile);
         RapidTo(picture, x + leads[1].X, y + leads[1].Y);
-        DrawLead(picture, leads, 1, x, y, {PaletteGreen, width, false});
-        DrawLead(picture, leads, 4, x, y, {PaletteCyan, width, false});
+        DrawLead(MoveStep::LeadIn, picture, leads, 1, x, y, width);
+        DrawLead(MoveStep::LeadOut, picture, leads, 4, x, y, width);
     }
 }
 

@@ -16,9 +16,23 @@ void DrawArc(Picture picture, double centreX, double centreY, double startX, dou
 /// A shaft from (x1, y1) to (x2, y2) with two barbs at its end, in `rgb`.
 void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb);
 
+/// What a drawn step of the cut is.
+enum class MoveStep : std::int16_t {
+    Rapid, ///< between the cuts: dashed, always 1 pixel wide
+    LeadIn,
+    Profile,
+    LeadOut,
+};
+
+/// One step of the cut of the copy at (x, y): from `move` to `next`, in the colour of what it is, `width` pixels wide. Leaves
+/// PenX, PenY at its end.
+void DrawMoveStep(MoveStep mode, Picture picture, const CutMove& move, const CutMove& next, double x,
+                  double y, std::int16_t width);
+
 /// The overlay of the cut for one copy at (x, y): rapid lines, lead-ins and lead-outs, `width` pixels wide. Starts at PenX,
 /// PenY and leaves them where the cut ends. Finds the lead points, as BuildLeads does.
 void DrawMoves(Picture picture, double x, double y, std::int16_t width);
 
-/// The marker of compensation side and direction on the element `slot`; nothing on the Parameters screen. Reads KERFPOSDRAW.
+/// The marker of compensation side and direction on the element `slot`, in the colour of its profile; nothing on the
+/// Parameters screen. Reads KERFPOSDRAW.
 void DrawKerfMarker(Picture picture, std::int32_t slot, double x, double y);

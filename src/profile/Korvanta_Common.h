@@ -2,6 +2,7 @@
 // cursor, and the fit of the view.
 #pragma once
 
+#include "platform/Surface.h"
 #include "state/AppState.h"
 
 /// Restores the shadow and applies angle (degrees), mirror code and scale. NoValue, -1 and -1.0 stand for the texts of
@@ -38,9 +39,10 @@ void MovePathCursor(std::int16_t direction, std::int16_t shift);
 /// Finds PathOriginX, PathOriginY from the cursor's distance, which is clamped to the path.
 void UpdatePathCursor();
 
-/// Fits the view of the current picture to the part, or to the box when both its values are above 0. Sets the view
-/// members and PartSizeX, PartSizeY.
-void FitView(double boxX, double boxY);
+/// Fits the view of `picture` to the part, or to the box when both its values are above 0. Sets the view members, the
+/// scale of the picture, and PartSizeX, PartSizeY.
+void FitView(Picture picture, double boxX, double boxY);
 
-/// Runs AppState.Redraw when the shell has set it.
+/// Runs AppState.Redraw when the shell has set it. Edits of leads and profiles leave the view as it is, so that a zoomed
+/// place can be worked on; what changes the part or the sheet fits it anew.
 void RedrawScreen(Flag fit);

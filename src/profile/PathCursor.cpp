@@ -59,7 +59,7 @@ void MovePathCursor(std::int16_t direction, std::int16_t shift)
     } else {
         UpdatePathCursor();
     }
-    RedrawScreen(FlagOn);
+    RedrawScreen(FlagOff);
 }
 
 void UpdatePathCursor()

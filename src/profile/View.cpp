@@ -1,5 +1,4 @@
 // The fit of the view to the part or the sheet, in numbers, and the way to the screen's redraw.
-#include "platform/Screen.h"
 #include "profile/Korvanta_Common.h"
 
 #include <algorithm>
@@ -10,11 +9,11 @@ constexpr double MarginBelow = 0.1; ///< of the part's size, left and below
 constexpr double RoomAbove = 1.05;  ///< of the box, to the right and above
 } // namespace
 
-void FitView(double boxX, double boxY)
+void FitView(Picture picture, double boxX, double boxY)
 {
     std::int32_t pixelsX = 0;
     std::int32_t pixelsY = 0;
-    PictureSize(pixelsX, pixelsY);
+    SurfaceSize(picture, pixelsX, pixelsY);
     const double width = std::max(pixelsX, std::int32_t{1});
     const double height = std::max(pixelsY, std::int32_t{1});
     const double aspect = width / height;
@@ -38,6 +37,7 @@ void FitView(double boxX, double boxY)
     AppState.ViewTop = top;
     AppState.ViewWidth = worldWidth;
     AppState.ViewHeight = -worldHeight;
+    SurfaceSetScale(picture, AppState.ViewLeft, AppState.ViewTop, AppState.ViewWidth, AppState.ViewHeight);
     AppState.UnitsPerPixelX = worldWidth / width;
     AppState.UnitsPerPixelY = -worldHeight / height;
     AppState.ViewCentreX = left + worldWidth / 2;

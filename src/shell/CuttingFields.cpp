@@ -3,6 +3,7 @@
 #include "profile/Korvanta_Common.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
+#include "shell/Zoom.h"
 
 namespace
 {
@@ -17,7 +18,7 @@ constexpr std::int32_t CuttingModes[CuttingFieldCount] = {
     5, // LeadIn : B
     5, // LeadOut : C
     5, // LeadOut : D
-    3, // Zoom
+    0, // Zoom: ApplyZoom sets 3
 };
 
 ValueField& Field(std::int16_t index)
@@ -48,6 +49,11 @@ void ChangeProfile()
     const auto length = static_cast<std::int32_t>(field.Text.size());
     SelectFieldText(field, wrapped ? 0 : length, wrapped ? length : 0);
 }
+
+void RunZoom(ZoomStep step)
+{
+    ApplyZoom(Picture::Tecno, step, FieldNumber(Field(FieldCuttingZoom)));
+}
 } // namespace
 
 void CuttingFieldChanged(std::int16_t index)
@@ -63,6 +69,7 @@ void CuttingFieldChanged(std::int16_t index)
         break;
     case FieldCuttingZoom:
         Validate(index);
+        RunZoom(ZoomStep::Change);
         break;
     default:
         break;
@@ -74,7 +81,11 @@ void CuttingFieldEntered(std::int16_t index)
     const ValueField& field = Field(index);
     SelectFieldText(field, 0, static_cast<std::int32_t>(field.Text.size()));
     AppState.CurrentField = index;
-    AppState.FieldMode = CuttingModes[index];
+    if (index == FieldCuttingZoom) {
+        RunZoom(ZoomStep::Enter);
+    } else {
+        AppState.FieldMode = CuttingModes[index];
+    }
 }
 
 void CuttingFieldLeft(std::int16_t index)
@@ -82,7 +93,10 @@ void CuttingFieldLeft(std::int16_t index)
     if (index >= FieldMoveStep && index <= FieldLeadOutD) {
         Validate(index);
         ApplyLeadValues();
+    } else if (index == FieldCuttingZoom && AppState.ButtonPressed == FlagOff) {
+        RunZoom(ZoomStep::Confirm);
     }
+    AppState.ButtonPressed = FlagOff;
 }
 
 void EndCuttingEntry(std::int16_t index)

@@ -12,7 +12,15 @@
 /// routines, the redraw. `stationFolder` without a trailing separator. A language out of 1 to 6: RunTimeFault.
 void StartStation(const std::string& stationFolder, std::int16_t language);
 
-/// Captions of the fields from the catalogue.
+/// The two steps of StartStation before and behind the choice of the language.
+void LoadStation(const std::string& stationFolder);
+void PrepareScreens();
+
+/// The start of the station behind a window, in a process of its own: ends it at once when another one runs, after
+/// bringing that to the foreground. `commandLine` is empty or a language number. Ends on the Input screen.
+void StartWindow(const std::string& stationFolder, const std::string& commandLine);
+
+/// Captions of the fields and tabs from the catalogue.
 void SetCaptions();
 
 /// The starting texts of a newly opened part; the fixed counts are cleared, and there is no shape.
@@ -24,7 +32,7 @@ void ResetFieldsForPart();
 void CuttingFieldChanged(std::int16_t index);
 
 /// Focus arriving on, and leaving, TextCutting `index`. Leaving a lead field or Move Step validates it and applies the
-/// lead values.
+/// lead values. The Zoom field shows its frame, and leaving it applies the zoom, unless a key-bar click does so.
 void CuttingFieldEntered(std::int16_t index);
 void CuttingFieldLeft(std::int16_t index);
 
@@ -60,6 +68,9 @@ bool OpenImport(ImportKind kind, std::string name);
 /// Opens a shape of the catalogue with its defaults and goes to the Parameters screen. An identifier without a row does
 /// nothing.
 void OpenShape(std::int16_t shapeId);
+
+/// Shows or hides a panel.
+void ShowPanel(Panel panel, bool visible);
 
 /// The screen of CAM tab 0 Parameters, 1 Cutting, 2 Nesting. Keeps the tab in PreviousCamTab.
 void EnterCamTab(std::int16_t tab);

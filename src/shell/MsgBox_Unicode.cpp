@@ -5,6 +5,7 @@
 #include "platform/Paths.h"
 #include "platform/Screen.h"
 #include "platform/TextFile.h"
+#include "shell/KeyCodes.h"
 #include "state/AppState.h"
 
 #include <array>
@@ -14,6 +15,10 @@
 
 namespace
 {
+constexpr int MessageOk = 1;
+constexpr int MessageCancel = 2;
+constexpr int MessageSingle = 36;
+
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view HeaderSign = ">>0";
 constexpr std::string_view MessageSign = ">>";
@@ -233,4 +238,23 @@ void ShowBox(const std::string& line1, const std::string& line2, const std::stri
              bool& result)
 {
     result = RunModalBox(line1, line2, line3, twoButtons);
+}
+
+void BoxCaptions(bool twoButtons, std::string& ok, std::string& cancel)
+{
+    ok = twoButtons ? "F10 : " + MessageText(MessageOk) : "";
+    cancel = twoButtons ? "F1 : " + MessageText(MessageCancel) : "F10 : " + MessageText(MessageSingle);
+}
+
+bool BoxKey(std::int16_t keyCode, bool& result)
+{
+    if (keyCode == KeyF1) {
+        result = false;
+        return true;
+    }
+    if (keyCode == KeyF10 || keyCode == KeyEsc || keyCode == AppState.EscAlias) {
+        result = true;
+        return true;
+    }
+    return false;
 }

@@ -2,6 +2,7 @@
 // One of the few services of the shell that lower rooms may call.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -23,3 +24,10 @@ bool IsUnicodeLanguage();
 /// The modal box; `result` is true when it closed by OK.
 void ShowBox(const std::string& line1, const std::string& line2, const std::string& line3, bool twoButtons,
              bool& result);
+
+/// Captions of the box. With one button that is the cancel button, wide, and `ok` is empty.
+void BoxCaptions(bool twoButtons, std::string& ok, std::string& cancel);
+
+/// A key while the box is open. True when it closes the box, with `result` as ShowBox gives it: F1 cancels; F10, Esc and
+/// EscAlias are OK.
+bool BoxKey(std::int16_t keyCode, bool& result);

@@ -3,6 +3,7 @@
 #include "profile/Korvanta_Common.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
+#include "shell/Zoom.h"
 
 namespace
 {
@@ -15,7 +16,7 @@ constexpr std::int32_t NestingModes[NestingFieldCount] = {
     1, // Y Gap
     6, // Nesting
     7, // Simulation
-    3, // Zoom
+    0, // Zoom: ApplyZoom sets 3
 };
 
 ValueField& Field(std::int16_t index)
@@ -59,6 +60,11 @@ bool ApplyChanges(std::int16_t index)
     }
     return true;
 }
+
+void RunZoom(ZoomStep step)
+{
+    ApplyZoom(Picture::Nesting, step, FieldNumber(Field(FieldNestingZoom)));
+}
 } // namespace
 
 void NestingFieldChanged(std::int16_t index)
@@ -76,7 +82,11 @@ void NestingFieldChanged(std::int16_t index)
     case FieldNestType:
         ChangeNestType();
         break;
-    default: // Simulation, Zoom
+    case FieldNestingZoom:
+        Validate(index);
+        RunZoom(ZoomStep::Change);
+        break;
+    default: // Simulation
         Validate(index);
         break;
     }
@@ -88,17 +98,23 @@ void NestingFieldEntered(std::int16_t index)
     AppState.NestFieldTouched = FlagOff;
     SelectAll(Field(index));
     AppState.CurrentField = index;
-    AppState.FieldMode = NestingModes[index];
+    if (index == FieldNestingZoom) {
+        RunZoom(ZoomStep::Enter);
+    } else {
+        AppState.FieldMode = NestingModes[index];
+    }
 }
 
 void NestingFieldLeft(std::int16_t index)
 {
-    if (index == FieldSimulation || index == FieldNestingZoom) {
-        return;
-    }
-    if (ApplyChanges(index)) {
+    if (index == FieldNestingZoom) {
+        if (AppState.ButtonPressed == FlagOff) {
+            RunZoom(ZoomStep::Confirm);
+        }
+    } else if (index != FieldSimulation && ApplyChanges(index)) {
         RedrawScreen(FlagOn);
     }
+    AppState.ButtonPressed = FlagOff;
 }
 
 void EndNestingEntry(std::int16_t index)

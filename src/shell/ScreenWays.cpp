@@ -2,25 +2,38 @@
 #include "import/Korvanta_DxfIn.h"
 #include "import/Korvanta_IsoIn.h"
 #include "nesting/Korvanta_CutTecnology.h"
+#include "platform/Paths.h"
 #include "platform/Screen.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "shapes/Korvanta_Develop.h"
 #include "shapes/Korvanta_Parameters.h"
+#include "shell/InputLists.h"
+#include "shell/KeyBar.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 
 namespace
 {
-constexpr std::int16_t TabParameters = 0;
-constexpr std::int16_t TabCutting = 1;
-constexpr std::int16_t TabNesting = 2;
-constexpr std::int16_t TabCount = 3;
+/// What stands behind a part for a start, beside the program; shown when the file is there.
+constexpr const char* LogoName = "\\IMAGES\\LOGO.BMP";
 
-std::int16_t TabOfScreen()
+/// The pictures and frames of the CAM screens: of each group the one of `screen` is shown.
+void ShowCamPanels(std::int16_t screen)
 {
-    return static_cast<std::int16_t>(AppState.ScreenState - ScreenParameters);
+    ShowPanel(Panel::PicParam, screen == ScreenParameters);
+    ShowPanel(Panel::FrameValue, screen == ScreenParameters);
+    ShowPanel(Panel::TecnoPic, screen == ScreenCutting);
+    ShowPanel(Panel::FrameCutting, screen == ScreenCutting);
+    ShowPanel(Panel::NestingPic, screen == ScreenNesting);
+    ShowPanel(Panel::FrameNesting, screen == ScreenNesting);
+}
+
+void ShowCamTabs()
+{
+    ShowPanel(Panel::TabInput, false);
+    ShowPanel(Panel::TabCam, true);
 }
 
 void ShowImportFailure()
@@ -65,6 +78,7 @@ bool OpenImport(ImportKind kind, std::string name)
         return false;
     }
     ShowShapeParameters(AppState.ShapeId, FlagOn);
+    SetCamTabIcons();
     EnterCamTab(TabParameters);
     return true;
 }
@@ -80,14 +94,27 @@ void OpenShape(std::int16_t shapeId)
     AppState.JobName = DashToUnderscore(row->Name);
     AppState.SourceName = AppState.JobName;
     ShowShapeParameters(shapeId, FlagOn);
+    SetCamTabIcons();
     EnterCamTab(TabParameters);
+}
+
+void ShowPanel(Panel panel, bool visible)
+{
+    AppState.PanelVisible[static_cast<std::size_t>(panel)] = ToFlag(visible);
 }
 
 void EnterCamTab(std::int16_t tab)
 {
+    if (tab < TabParameters || tab >= CamTabCount) {
+        return;
+    }
+    AppState.CamTab = tab;
     switch (tab) {
     case TabParameters:
         EnterParametersScreen();
+        if (AppState.ShapeId == 0) {
+            DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
+        }
         break;
     case TabCutting:
         EnterCuttingScreen(AppState.PreviousCamTab != TabNesting);
@@ -96,54 +123,79 @@ void EnterCamTab(std::int16_t tab)
         EnterNestingScreen();
         break;
     default:
-        return;
+        break;
     }
     AppState.PreviousCamTab = tab;
 }
 
 void NextCamTab()
 {
-    EnterCamTab(static_cast<std::int16_t>((TabOfScreen() + 1) % TabCount));
+    EnterCamTab(static_cast<std::int16_t>((AppState.CamTab + 1) % CamTabCount));
 }
 
 void PreviousCamTab()
 {
-    EnterCamTab(static_cast<std::int16_t>((TabOfScreen() + TabCount - 1) % TabCount));
+    EnterCamTab(static_cast<std::int16_t>((AppState.CamTab + CamTabCount - 1) % CamTabCount));
 }
 
 void EnterInputScreen()
 {
     AppState.ScreenState = ScreenInput;
     AppState.FieldMode = 0;
+    AppState.FocusedSet = FieldSet::None;
+    ShowPanel(Panel::TabInput, true);
+    ShowPanel(Panel::TabCam, false);
+    RefreshKeyBar();
     ClearNestResults();
+    AppState.SaveMode = FlagOff;
+    AppState.PreviewNest = FlagOff;
+    SetText(AppState.TextFileName, "");
+    SetTabIcons();
 }
 
 void EnterParametersScreen()
 {
     AppState.ScreenState = ScreenParameters;
+    AppState.CamTab = TabParameters;
+    ShowCamPanels(ScreenParameters);
+    const std::string logo = AppState.AppPath + LogoName;
+    AppState.LogoFile = FileExists(logo) ? logo : "";
     Yield();
     if (AppState.ShapeId > 0) {
         FocusField(AppState.ParamText[0]);
+    } else {
+        AppState.FieldMode = 0; // no field has the focus
     }
+    RefreshKeyBar();
 }
 
 void EnterCuttingScreen(bool rebuild)
 {
     AppState.ScreenState = ScreenCutting;
+    AppState.ZoomFrame = 0.0;
+    ShowCamTabs();
+    RefreshKeyBar();
     if (rebuild && !PreparePart()) {
         EnterParametersScreen();
         return;
     }
+    ShowCamPanels(ScreenCutting);
     ShowProfileFields();
     RedrawScreen(FlagOn);
     FocusField(AppState.TextCutting[FieldAngle]);
+    SetCamTabIcons();
 }
 
 void EnterNestingScreen()
 {
     AppState.ScreenState = ScreenNesting;
+    AppState.ZoomFrame = 0.0;
+    ShowCamTabs();
+    RefreshKeyBar();
     RunNesting();
+    ShowCamPanels(ScreenNesting);
     FocusField(AppState.TextNesting[FieldSheetX]);
+    SetCamTabIcons();
 }
 
 void ClearNestResults()

@@ -1,9 +1,11 @@
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "nesting/Korvanta_CutTecnology.h"
+#include "shell/InputEvents.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
+#include "shell/Zoom.h"
 
 namespace
 {
@@ -37,8 +39,15 @@ constexpr int NestingCaptions[NestingFieldCount] = {
     24, // Zoom
 };
 
+/// Tabs Programs, Rectangular, Circular, Holes; the imports bear the names of what they read.
+constexpr int FirstInputCaption = 5;
+constexpr std::size_t CatalogueTabs = 4;
+constexpr int FirstCamCaption = 11;
+constexpr int FileNameCaption = 33;
+
 void SetChangeRoutines()
 {
+    AppState.TextFileName.Change = FileNameChanged;
     for (ValueField& field : AppState.TextCutting) {
         field.Change = CuttingFieldChanged;
     }
@@ -50,15 +59,25 @@ void SetChangeRoutines()
 
 void StartStation(const std::string& stationFolder, std::int16_t language)
 {
+    LoadStation(stationFolder);
+    AppState.Language =
+        language != 0 ? language : RoundAndClampToInt16(TextToNumber(ReadConfig("SETUP", "LANGUAGE", "1")));
+    PrepareScreens();
+}
+
+void LoadStation(const std::string& stationFolder)
+{
     AppState.ProgramName = "Korvanta";
     AppState.AppPath = stationFolder;
     LoadConfiguration();
-    AppState.Language =
-        language != 0 ? language : RoundAndClampToInt16(TextToNumber(ReadConfig("SETUP", "LANGUAGE", "1")));
+}
+
+void PrepareScreens()
+{
     ResetFields();
     SetChangeRoutines();
     SetCaptions();
-    AppState.Redraw = RedrawCurrent;
+    AppState.Redraw = RedrawScene;
 }
 
 void SetCaptions()
@@ -69,6 +88,15 @@ void SetCaptions()
     for (std::size_t i = 0; i < NestingFieldCount; ++i) {
         AppState.LabelNesting[i] = MessageText(NestingCaptions[i]);
     }
+    for (std::size_t i = 0; i < CatalogueTabs; ++i) {
+        AppState.InputTabCaption[i] = MessageText(FirstInputCaption + static_cast<int>(i));
+    }
+    AppState.InputTabCaption[TabDxfIn] = " DXF-IN";
+    AppState.InputTabCaption[TabIsoIn] = " ISO-IN";
+    for (std::size_t i = 0; i < CamTabCount; ++i) {
+        AppState.CamTabCaption[i] = MessageText(FirstCamCaption + static_cast<int>(i));
+    }
+    AppState.LabelFileName = MessageText(FileNameCaption);
 }
 
 void ResetFieldsForPart()
@@ -82,6 +110,7 @@ void ResetFieldsForPart()
     AppState.LabelNesting[LabelCountY].clear();
     AppState.NestResultX = 0;
     AppState.NestResultY = 0;
+    ClearZoom();
     AppState.ShapeId = 0;
     AppState.DevelopedShape = 0;
 }

@@ -57,6 +57,8 @@ void ResetFields()
     ResetArray(AppState.TextCutting, "TextCutting", CuttingRows);
     ResetArray(AppState.TextNesting, "TextNesting", NestingRows);
     ResetArray(AppState.ParamText, "ParamText", nullptr);
+    AppState.TextFileName = ValueField();
+    AppState.TextFileName.ControlName = "TextFileName";
 }
 
 void ParseFieldTag(const std::string& tag, double& min, double& max, double& step)

@@ -7,9 +7,11 @@
 #include "state/PprInputValue.h"
 #include "state/ProfileElement.h"
 #include "state/ProfileRecord.h"
+#include "state/ScreenRecords.h"
 #include "state/ValueField.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -31,6 +33,16 @@ struct OpenProfile {
 
 /// Background of the window, the message box and every unmarked label, as 0xRRGGBB: red 236, green 233, blue 216.
 inline constexpr std::int32_t DesignBackColor = 0xECE9D8;
+
+/// Background of labels without a mark.
+template <std::size_t Count> constexpr std::array<std::int32_t, Count> FilledWithBackColor()
+{
+    std::array<std::int32_t, Count> colors{};
+    for (std::int32_t& color : colors) {
+        color = DesignBackColor;
+    }
+    return colors;
+}
 
 /// Values of AppState.ScreenState.
 inline constexpr std::int16_t ScreenInput = 0;
@@ -67,9 +79,36 @@ struct AppStateRecord {
     std::int16_t Language = 1;        ///< 1 to 6
     std::int16_t PreviousCamTab = 0;  ///< 0 Parameters, 1 Cutting, 2 Nesting: the screen before this one
     Flag SaveMode = FlagOff;          ///< the Input screen asks for a job name to save under
+    Flag ButtonPressed = FlagOff;     ///< a click on the key bar is being handled
     Flag SheetFieldChanged = FlagOff; ///< a sheet size changed since a Nesting field got the focus
     /// [number][language - 1]: the three parts of a message; row 0 holds the language marks.
     std::array<std::array<MessageParts, LanguageColumns>, MessageRows> MessageTable;
+
+    // --- shell: what the window mirrors ----------------------------------------------------------------
+    std::string WindowTitle;
+    WindowPlan Window;
+    std::array<Flag, static_cast<std::size_t>(Panel::Count)> PanelVisible{};
+    std::int16_t InputTab = TabPrograms;  ///< index of Tab_Input
+    std::int16_t CamTab = TabParameters;  ///< index of Tab_CAM
+    std::int16_t FrontList = TabPrograms; ///< the list in front of the others; TabPrograms with its frame
+    std::array<std::string, InputTabCount> InputTabCaption;
+    std::array<std::string, CamTabCount> CamTabCaption;
+    std::array<ImageRef, InputTabCount> InputTabIcon;
+    std::array<ImageRef, CamTabCount> CamTabIcon;
+    std::array<ListRecord, InputTabCount> Lists;
+    std::array<ImageRef, KeyButtonCount> KeyBar;
+    std::string LogoFile;       ///< picture that PicParam shows for a start, empty for none
+    std::string PreviewJob;     ///< job whose picture the preview shows, empty for none
+    Flag PreviewNest = FlagOff; ///< the preview shows the nest that is about to be saved
+    ValueField TextFileName;
+    std::string LabelFileName;
+    std::int32_t FileNameColor = ColorBlue;
+    std::int32_t FileNameBackColor = ColorWhite;
+    std::string FileNameImage;            ///< key in ImageList::Small, "SaveFile" or "LoadFile"
+    FieldSet FocusedSet = FieldSet::None; ///< which fields hold the focus; CurrentField tells the one
+    std::string InputDialogTitle;
+    std::string InputDialogButton;
+    std::array<InputRow, PprInputSlots + 1> InputDialogRows; ///< by slot, from 1
 
     /// Set by the shell at start-up: draws the current screen; with the flag on the view is fitted first.
     void (*Redraw)(Flag fit) = nullptr;
@@ -81,6 +120,9 @@ struct AppStateRecord {
     std::array<std::string, CuttingFieldCount> LabelCutting;
     std::array<std::string, NestingLabelCount> LabelNesting;
     std::array<std::string, ParamFieldCount> ParamLabel;
+    std::array<std::int32_t, CuttingFieldCount> LabelCuttingColor = FilledWithBackColor<CuttingFieldCount>();
+    std::array<std::int32_t, NestingLabelCount> LabelNestingColor = FilledWithBackColor<NestingLabelCount>();
+    std::array<std::int32_t, ParamFieldCount> ParamLabelColor = FilledWithBackColor<ParamFieldCount>();
 
     // --- config: settings read at start-up ------------------------------------------------------------
     std::string NcPath; ///< folders end in a backslash
@@ -117,12 +159,12 @@ struct AppStateRecord {
     double MaxY = 0.0;
     std::int16_t WorkExternalSense = 0; ///< senses in force for OrientProfiles
     std::int16_t WorkInternalSense = 0;
-    Flag ShapeFlagTwin = FlagOff; ///< the part is one of the twin-half shapes
-    Flag OpenShapePart = FlagOff; ///< set by the shapes that draw an open part
+    Flag ShapeFlagTwin = FlagOff;    ///< the part is one of the twin-half shapes
+    Flag OpenShapePart = FlagOff;    ///< set by the shapes that draw an open part
     std::int16_t DevelopedShape = 0; ///< ShapeId of the part that the Cutting screen was last built for
-    Flag KeepLeadData = FlagOff;  ///< lead data of the last development stays in force
-    double MoveStep = 10.0;       ///< field "Move Step"
-    Flag PathOriginSet = FlagOff; ///< the path cursor is on and gives the program's zero
+    Flag KeepLeadData = FlagOff;     ///< lead data of the last development stays in force
+    double MoveStep = 10.0;          ///< field "Move Step"
+    Flag PathOriginSet = FlagOff;    ///< the path cursor is on and gives the program's zero
     double PathCursorDistance = NoValue;
     std::int16_t PathCursorProfile = 0;
     double PathOriginX = 0.0;
@@ -137,6 +179,14 @@ struct AppStateRecord {
     double ViewHeight = 0.0; ///< negative
     double ViewCentreX = 0.0;
     double ViewCentreY = 0.0;
+    double SavedCentreX = NoValue; ///< centre of the last applied zoom
+    double SavedCentreY = NoValue;
+    double ZoomFrame = 0.0;     ///< factor of the zoom frame that stands on the picture, 0 none
+    Flag MeasureOn = FlagOff;   ///< a button is down on a drawing box, and a distance is measured
+    double MeasureStartX = 0.0; ///< where it went down
+    double MeasureStartY = 0.0;
+    double MeasureLastX = 0.0; ///< where the pointer was last
+    double MeasureLastY = 0.0;
     double PenX = 0.0; ///< where the last drawn cut ended, start of the next rapid line
     double PenY = 0.0;
 

@@ -13,6 +13,7 @@ struct ValueField {
     const char* ControlName = ""; ///< "TextCutting", "TextNesting", "ParamText"
     std::int16_t Index = 0;       ///< place in its array
     Flag Visible = FlagOn;
+    std::int32_t BackColor = 0xFFFFFF;            ///< 0xRRGGBB
     void (*Change)(std::int16_t index) = nullptr; ///< runs when the text becomes another text
 };
 

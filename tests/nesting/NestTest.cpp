@@ -27,7 +27,7 @@ protected:
         StartCase();
         HoldConfigWrites();
         AppState.ScreenState = ScreenNesting;
-        AppState.Redraw = RedrawCurrent;
+        AppState.Redraw = RedrawScene;
     }
 
     /// An open rectangle's worth of part: three sides of a box of this size.
@@ -317,7 +317,7 @@ TEST_F(Nest, PartWithoutSizeLeavesTheCounts)
     AppState.CountX = 7;
     AppState.CountY = 8;
     AppState.NestKind = 1;
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_EQ(AppState.CountX, 7);
     EXPECT_EQ(AppState.CountY, 8);
     EXPECT_EQ(AppState.CopiesDrawn, 56);
@@ -328,13 +328,13 @@ TEST_F(Nest, RedrawFitsTheSheetOrThePart)
 {
     MakePart(40, 30);
     TypeAll("400", "300", "0", "0", "0");
-    RedrawCurrent(FlagOff);
+    RedrawScene(FlagOff);
     EXPECT_EQ(AppState.ViewWidth, 0.0);
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_NEAR(AppState.ViewWidth, 424, Near); // -4 to 420
     EXPECT_EQ(AppState.CopiesDrawn, 100);
     AppState.ScreenState = ScreenCutting;
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_NEAR(AppState.ViewWidth, 46, Near); // -4 to 42
     EXPECT_EQ(AppState.CopiesDrawn, 1);
 }
@@ -343,7 +343,7 @@ TEST_F(Nest, StatisticsOfSixCopies)
 {
     MakePart(40, 40);
     TypeAll("150", "100", "0", "10", "10");
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_EQ(AppState.CopiesDrawn, 6);
 }
 
@@ -352,7 +352,7 @@ TEST_F(Nest, OtherScreensAreNotRedrawn)
     MakePart(40, 40);
     AppState.ScreenState = ScreenParameters;
     AppState.CopiesDrawn = 5;
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_EQ(AppState.CopiesDrawn, 5);
     EXPECT_EQ(AppState.ProfileTable[1].Status, LeadNormal) << "no lead point was looked for";
 }
@@ -364,13 +364,13 @@ TEST_F(Nest, SecondCopySeesTheLeadThatTheFirstMoved)
     ProfileRecord& record = AppState.ProfileTable[1];
     TypeAll("100", "100", "0", "0", "0");
     record.LeadPosition = 1000.0;
-    RedrawCurrent(FlagOn); // one copy: the lead stands in the middle of the last side
+    RedrawScene(FlagOn); // one copy: the lead stands in the middle of the last side
     EXPECT_EQ(AppState.CopiesDrawn, 1);
     EXPECT_EQ(record.LeadPosition, 50.0);
     EXPECT_EQ(record.LeadElement, 4);
     TypeAll("200", "100", "0", "0", "0");
     record.LeadPosition = 1000.0;
-    RedrawCurrent(FlagOn); // two copies: the second took 50 for a place on the first side
+    RedrawScene(FlagOn); // two copies: the second took 50 for a place on the first side
     EXPECT_EQ(AppState.CopiesDrawn, 2);
     EXPECT_EQ(record.LeadElement, 1);
 }
@@ -380,11 +380,11 @@ TEST_F(Nest, NoCopyOnTheSheetFindsNoLead)
     MakeSquare(ImportedClass);
     ComputeBounds();
     TypeAll("50", "50", "0", "0", "0", "3");
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_EQ(AppState.CopiesDrawn, 0);
     EXPECT_EQ(AppState.ProfileTable[1].Status, LeadNormal);
     TypeAll("100", "100", "0", "0", "0", "3");
-    RedrawCurrent(FlagOn);
+    RedrawScene(FlagOn);
     EXPECT_EQ(AppState.CopiesDrawn, 1);
     EXPECT_EQ(AppState.ProfileTable[1].Status, LeadStraight);
 }
@@ -397,7 +397,7 @@ TEST_F(Nest, AbsurdFieldsEndNothing)
             TypeAll(text, text, text, text, text, kind);
             EXPECT_NO_THROW(RunNesting());
             TypeAll("99999", "99999", "0", "-39.9999", "-39.9999", kind);
-            EXPECT_NO_THROW(RedrawCurrent(FlagOn));
+            EXPECT_NO_THROW(RedrawScene(FlagOn));
             EXPECT_TRUE(std::isfinite(AppState.GapX) && std::isfinite(AppState.ViewWidth));
         }
     }

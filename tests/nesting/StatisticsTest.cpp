@@ -5,6 +5,7 @@
 #include "profile/Korvanta_ProfileCut.h"
 #include "support/LeadParts.h"
 #include "support/RecordingScreen.h"
+#include "support/RecordingSurface.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,7 @@ TEST(Statistics, FurtherCopiesChangeNothing)
         StartCase();
         HoldConfigWrites();
         AppState.ScreenState = ScreenNesting;
+        Drawn.Shown = round % 2 != 0; // with the strokes of each copy, and without
         const double width = pick(1, 30);
         const double height = pick(1, 30);
         AddLines({{0, 0}, {width, 0}, {width, height}, {0, 0}});
@@ -53,7 +55,7 @@ TEST(Statistics, FurtherCopiesChangeNothing)
         AppState.TextNesting[FieldGapY].Text = "2";
         AppState.TextNesting[FieldNestType].Text = std::to_string(1 + round % 4);
         const std::vector<ProfileRecord> before = AppState.ProfileTable;
-        RedrawCurrent(FlagOn);
+        RedrawScene(FlagOn);
         const std::vector<ProfileRecord> fast = AppState.ProfileTable;
         AppState.ProfileTable = before;
         const std::int64_t copies = WalkCopies(1, 1, DrawCopy, nullptr); // half the gap

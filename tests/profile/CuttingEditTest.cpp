@@ -440,7 +440,7 @@ TEST(View, FitsThePart)
     StartCase(); // a picture of 640 x 480
     AppState.MaxX = 300;
     AppState.MaxY = 100;
-    FitView(0, 0);
+    FitView(Picture::Tecno, 0, 0);
     EXPECT_EQ(AppState.PartSizeX, 300);
     EXPECT_EQ(AppState.PartSizeY, 100);
     // 3 to 1 is wider than 4 to 3: from -30 to 315 in X, 345 * 3 / 4 in Y, the top 10 below that height.
@@ -459,13 +459,13 @@ TEST(View, FitsABoxTallerThanThePicture)
     StartCase();
     AppState.MaxX = 30;
     AppState.MaxY = 20;
-    FitView(100, 200);
+    FitView(Picture::Tecno, 100, 200);
     // From -2 to 210 in Y, 212 * 4 / 3 in X, from -3 on.
     EXPECT_NEAR(AppState.ViewHeight, -212, Near);
     EXPECT_NEAR(AppState.ViewTop, 210, Near);
     EXPECT_NEAR(AppState.ViewWidth, 212 * 4 / 3.0, Near);
     EXPECT_NEAR(AppState.ViewLeft, -3, Near);
-    FitView(100, 0); // half a box is none
+    FitView(Picture::Tecno, 100, 0); // half a box is none
     EXPECT_NEAR(AppState.ViewLeft + AppState.ViewWidth, 1.05 * 30, Near);
 }
 
@@ -474,7 +474,7 @@ TEST(View, NothingToFitGivesNoNaN)
     StartCase();
     Screen.PictureWidth = 0;
     Screen.PictureHeight = 0;
-    FitView(0, 0);
+    FitView(Picture::Tecno, 0, 0);
     EXPECT_EQ(AppState.ViewWidth, 0.0);
     EXPECT_EQ(AppState.UnitsPerPixelX, 0.0);
     EXPECT_FALSE(std::isnan(AppState.UnitsPerPixelY));

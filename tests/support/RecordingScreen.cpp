@@ -2,24 +2,49 @@
 
 #include "shell/ValueFields.h"
 #include "state/AppState.h"
+#include "support/RecordingSurface.h"
 
 ScreenRecord Screen;
 
 void StartCase()
 {
     Screen = ScreenRecord();
+    Drawn = SurfaceRecord();
     ResetAppState();
     ResetFields();
 }
 
 static std::string FieldName(const ValueField& field)
 {
+    if (&field == &AppState.TextFileName) {
+        return "TextFileName";
+    }
     return std::string(field.ControlName) + " " + std::to_string(field.Index);
 }
 
 void FocusField(const ValueField& field)
 {
     Screen.Calls.push_back("focus " + FieldName(field));
+}
+
+void FocusList(std::int16_t tab)
+{
+    Screen.Calls.push_back("focus list " + std::to_string(tab));
+}
+
+ListMetrics MeasureList(std::int16_t)
+{
+    return Screen.Metrics;
+}
+
+void FocusInputRow(std::int16_t slot)
+{
+    Screen.Calls.push_back("focus input " + std::to_string(slot));
+}
+
+void SelectInputRow(std::int16_t slot)
+{
+    Screen.Calls.push_back("select input " + std::to_string(slot));
 }
 
 void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length)
@@ -64,12 +89,6 @@ void RunInputDialog(const std::string& title)
     }
 }
 
-void PictureSize(std::int32_t& width, std::int32_t& height)
-{
-    width = Screen.PictureWidth;
-    height = Screen.PictureHeight;
-}
-
 void ShowProgress(std::int32_t range)
 {
     Screen.Calls.push_back("progress range " + std::to_string(range));
@@ -88,4 +107,9 @@ void HideProgress()
 std::vector<TopWindow> ListTopWindows()
 {
     return Screen.Windows;
+}
+
+void RaiseTopWindow(std::intptr_t handle)
+{
+    Screen.Calls.push_back("raise " + std::to_string(handle));
 }

@@ -19,6 +19,7 @@ struct ScreenRecord {
     std::deque<bool> BoxAnswers;       ///< answers of the next boxes; true when used up
     std::function<void()> InputDialog; ///< plays the operator of the input dialog
     std::vector<TopWindow> Windows;    ///< what stands on the desktop
+    ListMetrics Metrics;               ///< layout of every list
     std::int32_t PictureWidth = 640;
     std::int32_t PictureHeight = 480;
 };

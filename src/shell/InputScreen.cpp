@@ -1,0 +1,146 @@
+#include "shell/InputScreen.h"
+
+#include "config/Korvanta_Utility.h"
+#include "platform/Paths.h"
+#include "platform/Screen.h"
+#include "platform/Surface.h"
+#include "post/Korvanta_PostProcessor.h"
+#include "shapes/Korvanta_Parameters.h"
+#include "shell/Exit.h"
+#include "shell/InputLists.h"
+#include "shell/KeyBar.h"
+#include "shell/Korvanta_Interface.h"
+#include "shell/MsgBox_Unicode.h"
+#include "shell/ValueFields.h"
+
+namespace
+{
+constexpr int MessageJobExists = 3;
+constexpr int MessageOverwrite = 4;
+constexpr int MessageDelete = 37;
+
+std::string JobPath(const std::string& baseName)
+{
+    return AppState.NestingPath + baseName + ".nst";
+}
+
+bool ConfirmOverwrite(const std::string& name)
+{
+    bool confirmed = false;
+    ShowBox(name, MessageText(MessageJobExists), MessageText(MessageOverwrite), true, confirmed);
+    return confirmed;
+}
+
+/// For now a job leaves its NC program and nothing else.
+void SaveJob(const std::string& baseName)
+{
+    GenerateProgram(baseName);
+}
+
+void EndSaveMode()
+{
+    AppState.SaveMode = FlagOff;
+    AppState.PreviewNest = FlagOff;
+}
+} // namespace
+
+void OpenJob()
+{
+    const ListItem* item = SelectedItem(AppState.InputTab);
+    if (item == nullptr || AppState.InputTab == TabPrograms) {
+        return;
+    }
+    const std::string name = item->Text;
+    ShowPanel(Panel::TabInput, false);
+    ShowPanel(Panel::TabCam, true);
+    AppState.CamTab = TabParameters;
+    SurfaceClear(Picture::Param);
+    switch (AppState.InputTab) {
+    case TabDxfIn:
+        OpenImport(ImportKind::Drawing, name);
+        break;
+    case TabIsoIn:
+        OpenImport(ImportKind::Program, name);
+        break;
+    default:
+        OpenShape(ShapeIdOfName(name));
+        break;
+    }
+}
+
+void EnterSaveMode()
+{
+    AppState.ScreenState = ScreenInput;
+    ShowPanel(Panel::TabCam, false);
+    ShowPanel(Panel::TabInput, true);
+    if (AppState.InputTab != TabPrograms) {
+        SelectInputTab(TabPrograms);
+    }
+    ShowCurrentList();
+    RefreshKeyBar();
+    AppState.SaveMode = FlagOn;
+    Yield();
+    SetText(AppState.TextFileName, UpperCase(BaseName(AppState.JobName, ".")));
+    FocusField(AppState.TextFileName);
+}
+
+void LeaveSaveMode()
+{
+    EndSaveMode();
+    FocusField(AppState.TextFileName);
+    AppState.ScreenState = ScreenCutting;
+    EnterCamTab(AppState.CamTab);
+}
+
+void SaveCurrentJob()
+{
+    AppState.JobName = UpperCase(AppState.TextFileName.Text);
+    const std::string baseName = BaseName(AppState.JobName, ".");
+    if (baseName.empty()) {
+        FocusField(AppState.TextFileName);
+        return;
+    }
+    if (FileExists(JobPath(baseName)) && !ConfirmOverwrite(AppState.JobName)) {
+        Yield();
+        FocusField(AppState.TextFileName);
+        return;
+    }
+    SaveJob(baseName);
+    if (AppState.ExitAfterSave != FlagOff) {
+        WriteExitLog(false);
+        EndProcess(0);
+    }
+    EndSaveMode();
+    RefreshKeyBar();
+    ClearNestResults();
+    SetText(AppState.TextFileName, "");
+    FocusList(TabPrograms);
+}
+
+void DeleteJob(const std::string& name)
+{
+    const std::string baseName = BaseName(name, ".");
+    if (!FileExists(JobPath(baseName))) {
+        return;
+    }
+    bool confirmed = false;
+    ShowBox("", MessageText(MessageDelete), name, true, confirmed);
+    if (!confirmed) {
+        return;
+    }
+    const std::string companion = AppState.NestingPath + "DATA\\" + baseName;
+    for (const std::string& path : {JobPath(baseName), companion + ".bmp", companion + ".drw",
+                                    AppState.NcPath + ProgramFileName(baseName)}) {
+        static_cast<void>(DeleteFileIfThere(path));
+    }
+    FillJobList(AppState.TextFileName.Text);
+}
+
+void FocusInputControl()
+{
+    if (AppState.SaveMode != FlagOff) {
+        FocusField(AppState.TextFileName);
+    } else {
+        FocusList(AppState.InputTab);
+    }
+}

@@ -1,0 +1,24 @@
+// InputScreen.h -- what the Input screen leads to: opening, saving and deleting a job.
+#pragma once
+
+#include <string>
+
+/// Opens what is selected in the list of the current tab as a new part and shows its Parameters screen. Does nothing
+/// without a selection, and on the tab of the jobs.
+void OpenJob();
+
+/// The Input screen, asking for the name to save the nest under.
+void EnterSaveMode();
+
+/// Back from the question for a name to the nest.
+void LeaveSaveMode();
+
+/// Saves under the name in TextFileName, after a question when a job of that name exists; then ends the process when
+/// ExitAfterSave asks for it. Without a name nothing is saved. A program that can't be written is a RunTimeFault.
+void SaveCurrentJob();
+
+/// Deletes a job with its companions and its NC program, after a question. A job that doesn't exist is none.
+void DeleteJob(const std::string& name);
+
+/// Gives the focus to the control that has it on the Input screen: the list, or TextFileName in SaveMode.
+void FocusInputControl();

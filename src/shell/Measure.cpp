@@ -1,0 +1,66 @@
+#include "shell/Measure.h"
+
+#include "config/Korvanta_Utility.h"
+#include "geometry/Orbalib.h"
+#include "profile/Strokes.h"
+
+#include <algorithm>
+#include <string>
+
+namespace
+{
+/// A position on a picture; what isn't one would make no number text.
+double Usable(double value)
+{
+    constexpr double Beyond = 1e15;
+    return value >= -Beyond ? std::min(value, Beyond) : -Beyond;
+}
+
+/// Drawn a second time it is gone. A line without length leaves no stroke, drawn or erased.
+void DrawRubberLine(Picture picture)
+{
+    if (AppState.MeasureLastX == AppState.MeasureStartX && AppState.MeasureLastY == AppState.MeasureStartY) {
+        return;
+    }
+    SurfaceSetPen(picture, {ColourGreen, 1, false, true});
+    DrawLine(picture, AppState.MeasureStartX, AppState.MeasureStartY, AppState.MeasureLastX,
+             AppState.MeasureLastY);
+}
+} // namespace
+
+void PressMeasure(Picture picture, double x, double y)
+{
+    AppState.MeasureOn = FlagOn;
+    AppState.MeasureStartX = AppState.MeasureLastX = Usable(x);
+    AppState.MeasureStartY = AppState.MeasureLastY = Usable(y);
+    SurfaceSetCrossPointer(picture, true);
+}
+
+void MoveMeasure(Picture picture, double x, double y)
+{
+    if (AppState.MeasureOn == FlagOff) {
+        return;
+    }
+    DrawRubberLine(picture);
+    AppState.MeasureLastX = Usable(x);
+    AppState.MeasureLastY = Usable(y);
+    DrawRubberLine(picture);
+}
+
+void ReleaseMeasure(Picture picture, bool left)
+{
+    if (left && AppState.MeasureOn != FlagOff) {
+        const double startX = AppState.MeasureStartX;
+        const double startY = AppState.MeasureStartY;
+        const double endX = AppState.MeasureLastX;
+        const double endY = AppState.MeasureLastY;
+        SurfaceSetPen(picture, {ColourBlue, 1, false, false});
+        DrawLine(picture, startX, startY, endX, endY);
+        SurfaceText(picture, ToSurface(endX), ToSurface(endY),
+                    "d=" + FormatNumber(dpp(startX, startY, endX, endY), 0, 2) + " dx:" +
+                        FormatNumber(endX - startX, 0, 2) + " dy:" + FormatNumber(endY - startY, 0, 2),
+                    ColourBlue);
+        AppState.MeasureOn = FlagOff;
+    }
+    SurfaceSetCrossPointer(picture, false);
+}

@@ -1,0 +1,30 @@
+// RecordingSurface.h -- the body of the drawing seam for tests: each stroke becomes a line of text.
+#pragma once
+
+#include "platform/Surface.h"
+
+#include <string>
+#include <vector>
+
+struct SurfaceRecord {
+    bool Shown = false; ///< what PictureShown answers; most cases need no strokes
+
+    /// "line 0 0 10 0 #000000 1", "box ...", "circle x y r ...", "arc x y r 0 90 ..." (degrees), each with colour and
+    /// width of the pen, then " dashed", " inverting"; "fill 0 0 10 5 #ffffff"; "text 1 2 'abc' #000000"; "clear",
+    /// "scale left top width height", "font 15", "cross pointer", "normal pointer".
+    std::vector<std::string> Strokes;
+    std::vector<Picture> Pictures; ///< of each stroke
+    SurfacePen Pen;
+};
+
+extern SurfaceRecord Drawn;
+
+/// Pixels of the recorder's letters: a text measures 8 per character and 20 in height.
+inline constexpr double RecordedLetterWidth = 8.0;
+inline constexpr double RecordedLetterHeight = 20.0;
+
+/// The strokes so far, which are then forgotten.
+std::vector<std::string> TakeStrokes();
+
+/// Those of them that begin with `start`.
+std::vector<std::string> TakeStrokesLike(const std::string& start);
