@@ -25,11 +25,17 @@ static std::string FieldName(const ValueField& field)
 void FocusField(const ValueField& field)
 {
     Screen.Calls.push_back("focus " + FieldName(field));
+    if (Screen.OnFocus) {
+        Screen.OnFocus(&field);
+    }
 }
 
 void FocusList(std::int16_t tab)
 {
     Screen.Calls.push_back("focus list " + std::to_string(tab));
+    if (Screen.OnFocus) {
+        Screen.OnFocus(nullptr);
+    }
 }
 
 ListMetrics MeasureList(std::int16_t)

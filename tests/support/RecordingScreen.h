@@ -18,8 +18,10 @@ struct ScreenRecord {
     std::vector<std::string> Calls;    ///< "focus TextCutting 3", "box a|b|c|two", "progress 12", ...
     std::deque<bool> BoxAnswers;       ///< answers of the next boxes; true when used up
     std::function<void()> InputDialog; ///< plays the operator of the input dialog
-    std::vector<TopWindow> Windows;    ///< what stands on the desktop
-    ListMetrics Metrics;               ///< layout of every list
+    std::function<void(const ValueField*)>
+        OnFocus;                    ///< plays the window when a field, or a list (null), is focused
+    std::vector<TopWindow> Windows; ///< what stands on the desktop
+    ListMetrics Metrics;            ///< layout of every list
     std::int32_t PictureWidth = 640;
     std::int32_t PictureHeight = 480;
 };
