@@ -3,7 +3,6 @@
 #include "import/DxfModel.h"
 #include "import/DxfWalk.h"
 #include "platform/TextFile.h"
-#include "state/Numbers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +42,6 @@ void StartWalk(DxfWalk& walk, const Drawing& drawing, bool measuring)
     walk.Budget = FreeSteps + static_cast<std::int64_t>(drawing.ByteCount / BytesPerStep);
 }
 
-/// Sets the offset and, from the precision that is left, the spacing of curve vertices: they must stay apart as floats.
 void SetOffset(DxfWalk& walk, DrawingAccount& account, const DrawingBounds& bounds)
 {
     if (bounds.Reach > MaxPlainCoordinate) {
@@ -52,11 +50,6 @@ void SetOffset(DxfWalk& walk, DrawingAccount& account, const DrawingBounds& boun
     }
     walk.OffsetX = account.OffsetX;
     walk.OffsetY = account.OffsetY;
-    const double reach =
-        std::max({std::fabs(bounds.MinX - walk.OffsetX), std::fabs(bounds.MaxX - walk.OffsetX),
-                  std::fabs(bounds.MinY - walk.OffsetY), std::fabs(bounds.MaxY - walk.OffsetY)});
-    constexpr double floatStep = 1.2e-7; // relative distance of neighbouring floats
-    walk.Spacing = Tolerance * 1.05 + 2.0 * floatStep * reach;
 }
 
 void StoreCounts(const DxfModel& model, const std::vector<std::int64_t>& counts,

@@ -151,6 +151,17 @@ void EmitArc(DxfWalk& walk, std::int16_t kind, const RoundShape& round, double r
     Deliver(walk, entity);
 }
 
+/// Least distance of neighbours on walk.Pieces, flattened: they must stay apart as floats.
+double CurveSpacing(const DxfWalk& walk)
+{
+    constexpr double floatStep = 1.2e-7; // relative distance of neighbouring floats
+    double reach = 0.0;
+    for (const WeightedPoint& p : walk.Pieces.Points) {
+        reach = std::max({reach, std::fabs(p.X / p.W - walk.OffsetX), std::fabs(p.Y / p.W - walk.OffsetY)});
+    }
+    return Tolerance * 1.05 + 2.0 * floatStep * reach;
+}
+
 } // namespace
 
 bool IsUsable(const PlanePoint& point)
@@ -258,12 +269,13 @@ void EmitPieces(DxfWalk& walk)
         }
         return;
     }
+    const double spacing = CurveSpacing(walk);
     for (std::size_t first = 0; first < pieces.Joins.size();) {
         std::size_t last = first + 1;
         while (last < pieces.Joins.size() && pieces.Joins[last] != PieceJoin::Gap) {
             ++last;
         }
-        FlattenPieces(pieces, first, last, walk.Spacing, walk.Budget, walk.Run);
+        FlattenPieces(pieces, first, last, spacing, walk.Budget, walk.Run);
         walk.Exhausted = walk.Exhausted || walk.Budget < 0;
         if (walk.Exhausted) {
             return;

@@ -1,6 +1,8 @@
-// Bezier pieces to vertices, in two steps: points of the curve so dense that the chords between them follow it well within
-// the tolerance, then as few of these as the rest of the tolerance allows, kept apart.
+// Bezier pieces to vertices, in three steps: points of the curve so dense that the chords between them follow it well within
+// the tolerance, then as few of these as the rest of the tolerance allows, kept apart, then as many chords of even size.
 #include "import/DxfCurves.h"
+
+#include "state/Numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +14,10 @@ namespace
 /// Together below the 0.005 that is promised; the rest is for the rounding to 32-bit floats.
 constexpr double DenseError = 0.001;
 constexpr double ThinError = 0.0033;
+
+/// In bends about as tight as the vertices are apart, the choice needs points that are denser still.
+constexpr double FineError = 0.0002;
+constexpr double FineShare = 0.05; ///< of the chord's length
 
 constexpr int MaxSplits = 14;         ///< of one piece: 16384 chords at most
 constexpr std::size_t LookAhead = 48; ///< dense points that one chord may pass over
@@ -48,21 +54,29 @@ bool IsFlat(const Piece& piece, int degree)
 {
     const PlanePoint a = Place(piece[0]);
     const PlanePoint b = Place(piece[static_cast<std::size_t>(degree)]);
+    const double allowed = std::clamp(FineShare * std::sqrt(SquaredDistance(a, b)), FineError, DenseError);
     for (int i = 1; i < degree; ++i) {
-        if (SquaredMiss(Place(piece[static_cast<std::size_t>(i)]), a, b) > DenseError * DenseError) {
+        if (SquaredMiss(Place(piece[static_cast<std::size_t>(i)]), a, b) > allowed * allowed) {
             return false;
         }
     }
     return true;
 }
 
-/// Adds the points of a piece but its first one.
-void AddDensePoints(Piece& piece, int degree, int splits, std::int64_t& budget,
-                    std::vector<PlanePoint>& dense)
+/// Points of a curve and where they lie on it: number of the piece + parameter within it.
+struct DenseCurve {
+    std::vector<PlanePoint> Points;
+    std::vector<double> Places;
+};
+
+/// Adds the points of a piece but its first one; it covers the places from .. to.
+void AddDensePoints(Piece& piece, int degree, double from, double to, int splits, std::int64_t& budget,
+                    DenseCurve& dense)
 {
     const auto last = static_cast<std::size_t>(degree);
     if (splits == 0 || budget <= 0 || IsFlat(piece, degree)) {
-        dense.push_back(Place(piece[last]));
+        dense.Points.push_back(Place(piece[last]));
+        dense.Places.push_back(to);
         --budget;
         return;
     }
@@ -75,45 +89,48 @@ void AddDensePoints(Piece& piece, int degree, int splits, std::int64_t& budget,
                         (piece[i].W + piece[i + 1].W) / 2.0};
         }
     }
-    AddDensePoints(left, degree, splits - 1, budget, dense);
-    AddDensePoints(piece, degree, splits - 1, budget, dense);
+    const double middle = (from + to) / 2.0;
+    AddDensePoints(left, degree, from, middle, splits - 1, budget, dense);
+    AddDensePoints(piece, degree, middle, to, splits - 1, budget, dense);
 }
 
-/// Thinning state: dense points, and the vertices chosen so far (never empty).
+/// Thinning state: dense points, and the numbers of those chosen so far (never empty).
 struct Thinning {
     const std::vector<PlanePoint>& Dense;
-    std::vector<PlanePoint>& Vertices;
+    std::vector<std::size_t>& Chosen;
     double SquaredSpacing;
     bool Forced = false; ///< a chord had to be taken that doesn't fit
 
-    bool Apart(const PlanePoint& a, const PlanePoint& b) const
+    bool Apart(std::size_t a, std::size_t b) const
     {
-        return SquaredDistance(a, b) > SquaredSpacing;
+        return SquaredDistance(Dense[a], Dense[b]) > SquaredSpacing;
     }
 };
 
-bool ChordFits(const Thinning& t, const PlanePoint& from, std::size_t first, std::size_t to)
+/// True when the straight piece a-b stays near all dense points of first .. end - 1.
+bool ChordFits(const std::vector<PlanePoint>& dense, const PlanePoint& a, const PlanePoint& b,
+               std::size_t first, std::size_t end)
 {
-    for (std::size_t i = first; i < to; ++i) {
-        if (SquaredMiss(t.Dense[i], from, t.Dense[to]) > ThinError * ThinError) {
+    for (std::size_t i = first; i < end; ++i) {
+        if (SquaredMiss(dense[i], a, b) > ThinError * ThinError) {
             return false;
         }
     }
     return true;
 }
 
-/// The farthest dense point of first .. last to which the chord from `from` still fits; the first one far enough away
-/// when none fits (t.Forced then); last + 1 when none is far enough.
-std::size_t NextVertex(Thinning& t, const PlanePoint& from, std::size_t first, std::size_t last)
+/// The farthest dense point up to `last` to which the chord from `from` still fits; the first one far enough away when
+/// none fits (t.Forced then); last + 1 when none is far enough.
+std::size_t NextVertex(Thinning& t, std::size_t from, std::size_t last)
 {
     std::size_t best = last + 1;
-    for (std::size_t j = first; j <= last; ++j) {
+    for (std::size_t j = from + 1; j <= last; ++j) {
         const bool any = best <= last;
-        if (any && j - first >= LookAhead) {
+        if (any && j - from > LookAhead) {
             break;
         }
-        const bool apart = t.Apart(from, t.Dense[j]);
-        const bool fits = j - first < LookAhead && ChordFits(t, from, first, j);
+        const bool apart = t.Apart(from, j);
+        const bool fits = j - from <= LookAhead && ChordFits(t.Dense, t.Dense[from], t.Dense[j], from + 1, j);
         if (fits && apart) {
             best = j;
         } else if (!fits && any) {
@@ -133,22 +150,18 @@ struct BestWay {
     std::size_t From = 0;
 };
 
-/// Tries every chord from way point i; way point 0 is `start`, k stands for dense point first + k - 1.
-void TryChords(const Thinning& t, const PlanePoint& start, std::size_t first, std::size_t i,
-               std::vector<BestWay>& ways)
+/// Tries every chord from way point i; way point k stands for dense point start + k.
+void TryChords(const Thinning& t, std::size_t start, std::size_t i, std::vector<BestWay>& ways)
 {
-    const auto point = [&](std::size_t k) -> const PlanePoint& {
-        return k == 0 ? start : t.Dense[first + k - 1];
-    };
     bool any = false;
     for (std::size_t j = i + 1; j < ways.size() && j - i <= (any ? LookAhead : 4 * LookAhead); ++j) {
-        if (!t.Apart(point(i), point(j))) {
+        if (!t.Apart(start + i, start + j)) {
             continue;
         }
         any = true;
         double miss = ThinError * ThinError;
         for (std::size_t k = i + 1; k < j; ++k) {
-            miss = std::max(miss, SquaredMiss(point(k), point(i), point(j)));
+            miss = std::max(miss, SquaredMiss(t.Dense[start + k], t.Dense[start + i], t.Dense[start + j]));
         }
         const double worst = std::max(miss, ways[i].Worst);
         if (worst < ways[j].Worst || (worst <= ways[j].Worst && ways[i].Chords + 1 < ways[j].Chords)) {
@@ -162,80 +175,198 @@ void TryChords(const Thinning& t, const PlanePoint& start, std::size_t first, st
 
 /// The careful choice for a stretch with bends as small as the spacing: of all ways from the vertex chosen last to the
 /// stretch's end the best one. False, and nothing chosen, when there is none.
-bool ChooseBestWay(Thinning& t, std::size_t first, std::size_t last)
+bool ChooseBestWay(Thinning& t, std::size_t last)
 {
-    const PlanePoint start = t.Vertices.back();
-    std::vector<BestWay> ways(last - first + 2);
+    const std::size_t start = t.Chosen.back();
+    std::vector<BestWay> ways(last - start + 1);
     ways[0].Worst = 0.0;
     for (std::size_t i = 0; i + 1 < ways.size(); ++i) {
         if (ways[i].Worst < HUGE_VAL) {
-            TryChords(t, start, first, i, ways);
+            TryChords(t, start, i, ways);
         }
     }
     if (!(ways.back().Worst < HUGE_VAL)) {
         return false;
     }
-    const std::size_t before = t.Vertices.size();
+    const std::size_t before = t.Chosen.size();
     for (std::size_t i = ways.size() - 1; i > 0; i = ways[i].From) {
-        t.Vertices.push_back(t.Dense[first + i - 1]);
+        t.Chosen.push_back(start + i);
     }
-    std::reverse(t.Vertices.begin() + static_cast<std::ptrdiff_t>(before), t.Vertices.end());
+    std::reverse(t.Chosen.begin() + static_cast<std::ptrdiff_t>(before), t.Chosen.end());
     return true;
 }
 
-/// Chooses vertices of the stretch first .. last behind the vertex chosen last: the farthest one at each step, or with
-/// care when that doesn't come out. The stretch's end becomes a vertex unless it is too close to the others. Returns
-/// where the next stretch begins: at `first` again when this one is too short for a vertex.
-std::size_t ThinStretch(Thinning& t, std::size_t first, std::size_t last)
+/// Chooses vertices of the stretch behind the vertex chosen last: the farthest one at each step, or with care when that
+/// doesn't come out. The stretch's end becomes a vertex unless it is too close to the others.
+void ThinStretch(Thinning& t, std::size_t last)
 {
-    const std::size_t before = t.Vertices.size();
-    std::size_t at = first;
+    const std::size_t before = t.Chosen.size();
     t.Forced = false;
-    while (at <= last) {
-        const std::size_t next = NextVertex(t, t.Vertices.back(), at, last);
+    while (t.Chosen.back() < last) {
+        const std::size_t next = NextVertex(t, t.Chosen.back(), last);
         if (next > last) {
             break;
         }
-        t.Vertices.push_back(t.Dense[next]);
-        at = next + 1;
+        t.Chosen.push_back(next);
     }
-    if (at > last && !t.Forced) {
-        return last + 1; // the end itself was chosen, and every chord fits
+    if (t.Chosen.back() == last && !t.Forced) {
+        return; // the end itself was chosen, and every chord fits
     }
-    const std::vector<PlanePoint> plain(t.Vertices.begin() + static_cast<std::ptrdiff_t>(before),
-                                        t.Vertices.end());
-    t.Vertices.resize(before);
-    if (ChooseBestWay(t, first, last)) {
-        return last + 1;
-    }
-    if (plain.empty()) {
-        return first;
-    }
-    t.Vertices.insert(t.Vertices.end(), plain.begin(), plain.end());
-    while (t.Vertices.size() > before && !t.Apart(t.Vertices.back(), t.Dense[last])) {
-        t.Vertices.pop_back();
-    }
-    if (t.Apart(t.Vertices.back(), t.Dense[last])) {
-        t.Vertices.push_back(t.Dense[last]);
-    }
-    return last + 1;
-}
-
-/// The curve's end is exact, whatever must go for it.
-void FixEnd(Thinning& t)
-{
-    const PlanePoint& end = t.Dense.back();
-    const PlanePoint& chosen = t.Vertices.back();
-    if (t.Vertices.size() > 1 && chosen.X == end.X && chosen.Y == end.Y) {
+    const std::vector<std::size_t> plain(t.Chosen.begin() + static_cast<std::ptrdiff_t>(before),
+                                         t.Chosen.end());
+    t.Chosen.resize(before);
+    if (ChooseBestWay(t, last)) {
         return;
     }
-    while (t.Vertices.size() > 1 && !t.Apart(t.Vertices.back(), end)) {
-        t.Vertices.pop_back();
+    t.Chosen.insert(t.Chosen.end(), plain.begin(), plain.end());
+    while (t.Chosen.size() > before && !t.Apart(t.Chosen.back(), last)) {
+        t.Chosen.pop_back();
     }
-    if (t.Apart(t.Vertices.back(), end)) {
-        t.Vertices.push_back(end);
+    if (!plain.empty() && t.Apart(t.Chosen.back(), last)) {
+        t.Chosen.push_back(last);
+    }
+}
+
+/// The curve's end is exact, whatever must go for it. Ends that are themselves closer than the spacing but would gape
+/// are still joined by a chord.
+void FixEnd(Thinning& t)
+{
+    const std::size_t end = t.Dense.size() - 1;
+    if (t.Chosen.back() == end) {
+        return;
+    }
+    while (t.Chosen.size() > 1 && !t.Apart(t.Chosen.back(), end)) {
+        t.Chosen.pop_back();
+    }
+    const bool gapes = SquaredDistance(t.Dense[t.Chosen.back()], t.Dense[end]) > Tolerance * Tolerance;
+    if (gapes) {
+        t.Chosen.push_back(end);
     } else {
-        t.Vertices.clear();
+        t.Chosen.clear();
+    }
+}
+
+/// True when the curve doesn't leave the neighbourhood of its end behind dense point `from`.
+bool StaysAtEnd(const Thinning& t, std::size_t from)
+{
+    const std::size_t end = t.Dense.size() - 1;
+    while (from < end && !t.Apart(from, end)) {
+        ++from;
+    }
+    return from == end;
+}
+
+/// A stretch between two vertices that stay, to be divided anew.
+struct Stretch {
+    const CurvePieces& Pieces;
+    const DenseCurve& Curve;
+    double SquaredSpacing;
+    std::size_t First = 0; ///< dense points
+    std::size_t Last = 0;
+    std::vector<double> Effort; ///< for First .. Last, rising from 0
+};
+
+PlanePoint PointAt(const CurvePieces& pieces, double place)
+{
+    const std::size_t number = std::min(static_cast<std::size_t>(place), pieces.Joins.size() - 1);
+    const double t = place - static_cast<double>(number);
+    const auto degree = static_cast<std::size_t>(pieces.Degree);
+    Piece p;
+    std::copy_n(pieces.Points.begin() + static_cast<std::ptrdiff_t>(number * (degree + 1)), degree + 1,
+                p.begin());
+    for (std::size_t level = degree; level > 0; --level) {
+        for (std::size_t i = 0; i < level; ++i) {
+            p[i] = {p[i].X + (p[i + 1].X - p[i].X) * t, p[i].Y + (p[i + 1].Y - p[i].Y) * t,
+                    p[i].W + (p[i + 1].W - p[i].W) * t};
+        }
+    }
+    return Place(p[0]);
+}
+
+double Curvature(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c)
+{
+    const double ax = b.X - a.X;
+    const double ay = b.Y - a.Y;
+    const double bx = c.X - b.X;
+    const double by = c.Y - b.Y;
+    const double length = PlaneLength(ax, ay) + PlaneLength(bx, by);
+    return length > 0.0 ? 2.0 * std::atan2(std::fabs(ax * by - ay * bx), ax * bx + ay * by) / length : 0.0;
+}
+
+/// Chords of one error have one length times root of the curvature: the sums of that.
+void MeasureEffort(Stretch& s)
+{
+    const std::vector<PlanePoint>& dense = s.Curve.Points;
+    s.Effort.assign(1, 0.0);
+    double before = 0.0;
+    for (std::size_t i = s.First; i < s.Last; ++i) {
+        const double after = i + 1 < s.Last ? Curvature(dense[i], dense[i + 1], dense[i + 2]) : before;
+        const double curvature = i == s.First ? after : (before + after) / 2.0;
+        const double length = std::sqrt(SquaredDistance(dense[i], dense[i + 1]));
+        s.Effort.push_back(s.Effort.back() + length * std::sqrt(curvature));
+        before = after;
+    }
+}
+
+/// Divides the stretch into that many chords of the same effort. False, and nothing added, when one of them is too short
+/// or misses the curve.
+bool DivideEvenly(const Stretch& s, std::size_t chords, std::vector<PlanePoint>& vertices)
+{
+    const std::vector<PlanePoint>& dense = s.Curve.Points;
+    const std::size_t before = vertices.size();
+    std::size_t step = s.First; // from this dense point to the next
+    std::size_t passed = s.First + 1;
+    PlanePoint from = dense[s.First];
+    for (std::size_t n = 1; n <= chords; ++n) {
+        PlanePoint to = dense[s.Last];
+        std::size_t end = s.Last;
+        if (n < chords) {
+            const double target = s.Effort.back() * static_cast<double>(n) / static_cast<double>(chords);
+            while (step + 1 < s.Last && s.Effort[step + 1 - s.First] < target) {
+                ++step;
+            }
+            const double low = s.Effort[step - s.First];
+            const double span = s.Effort[step + 1 - s.First] - low;
+            const double part = span > 0.0 ? std::clamp((target - low) / span, 0.0, 1.0) : 0.0;
+            to = PointAt(s.Pieces,
+                         s.Curve.Places[step] + part * (s.Curve.Places[step + 1] - s.Curve.Places[step]));
+            end = step + 1;
+        }
+        if (!(SquaredDistance(from, to) > s.SquaredSpacing) || !ChordFits(dense, from, to, passed, end)) {
+            vertices.resize(before);
+            return false;
+        }
+        vertices.push_back(to);
+        from = to;
+        passed = end;
+    }
+    return true;
+}
+
+/// The chosen points as vertices. The last chord of a stretch is often a short rest, which hurts the compensation of a
+/// tool at tight tips: where the curve allows it, as many chords of even size take their place, or one more.
+void PlaceVertices(Stretch& s, const std::vector<std::size_t>& chosen,
+                   const std::vector<std::size_t>& corners, std::vector<PlanePoint>& vertices)
+{
+    vertices.assign(1, s.Curve.Points[chosen.front()]);
+    for (std::size_t first = 0; first + 1 < chosen.size();) {
+        std::size_t last = first + 1;
+        while (last + 1 < chosen.size() &&
+               !std::binary_search(corners.begin(), corners.end(), chosen[last])) {
+            ++last;
+        }
+        s.First = chosen[first];
+        s.Last = chosen[last];
+        const std::size_t chords = last - first;
+        if (chords > 1) {
+            MeasureEffort(s);
+        }
+        if (chords == 1 || !(DivideEvenly(s, chords, vertices) || DivideEvenly(s, chords + 1, vertices))) {
+            for (std::size_t i = first + 1; i <= last; ++i) {
+                vertices.push_back(s.Curve.Points[chosen[i]]);
+            }
+        }
+        first = last;
     }
 }
 
@@ -245,23 +376,32 @@ void FlattenPieces(const CurvePieces& pieces, std::size_t first, std::size_t las
                    std::int64_t& budget, std::vector<PlanePoint>& vertices)
 {
     const auto stride = static_cast<std::size_t>(pieces.Degree) + 1;
-    std::vector<PlanePoint> dense;
+    DenseCurve curve;
     std::vector<std::size_t> corners; // dense points that stay
-    dense.push_back(Place(pieces.Points[first * stride]));
+    curve.Points.push_back(Place(pieces.Points[first * stride]));
+    curve.Places.push_back(static_cast<double>(first));
     for (std::size_t i = first; i < last; ++i) {
         if (i > first && pieces.Joins[i] == PieceJoin::Corner) {
-            corners.push_back(dense.size() - 1);
+            corners.push_back(curve.Points.size() - 1);
         }
         Piece piece;
         std::copy_n(pieces.Points.begin() + static_cast<std::ptrdiff_t>(i * stride), stride, piece.begin());
-        AddDensePoints(piece, pieces.Degree, MaxSplits, budget, dense);
+        const auto place = static_cast<double>(i);
+        AddDensePoints(piece, pieces.Degree, place, place + 1.0, MaxSplits, budget, curve);
     }
-    corners.push_back(dense.size() - 1);
-    vertices.assign(1, dense.front());
-    Thinning thinning{dense, vertices, spacing * spacing};
-    std::size_t from = 1;
+    std::vector<std::size_t> chosen(1, 0);
+    Thinning thinning{curve.Points, chosen, spacing * spacing};
+    while (!corners.empty() && StaysAtEnd(thinning, corners.back())) {
+        corners.pop_back();
+    }
+    corners.push_back(curve.Points.size() - 1);
     for (const std::size_t corner : corners) {
-        from = ThinStretch(thinning, from, corner);
+        ThinStretch(thinning, corner);
     }
     FixEnd(thinning);
+    vertices.clear();
+    if (!chosen.empty()) {
+        Stretch stretch{pieces, curve, spacing * spacing, 0, 0, {}};
+        PlaceVertices(stretch, chosen, corners, vertices);
+    }
 }

@@ -28,7 +28,6 @@ struct DxfWalk {
     DrawingBounds Bounds;
     double OffsetX = 0.0; ///< whole numbers taken off every coordinate
     double OffsetY = 0.0;
-    double Spacing = 0.0; ///< least distance of neighbours on a flattened curve
     DxfCallback Callback = nullptr;
     void* Context = nullptr;
     bool Ended = false;             ///< by the callback

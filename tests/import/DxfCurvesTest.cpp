@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <random>
@@ -399,6 +400,78 @@ TEST(DxfSplines, FarFromTheLowCornerStayApartAsFloats)
     ASSERT_EQ(r.Records.size(), 3U);
     EXPECT_GT(LeastStep(r.Records[1]), 0.01);
     EXPECT_GT(LeastStep(r.Records[2]), 0.01);
+}
+
+TEST(DxfSplines, KeepTheirErrorBesideAStrayPoint)
+{
+    // A quarter of radius 1 in Bezier form; the point far above must not part its vertices.
+    const DxfResult r = ReadEntities(
+        "0 SPLINE|71 2|41 1|41 0.7071067811865476|41 1" + KnotGroups({0, 0, 0, 1, 1, 1}) +
+        PointGroups({{1, 0}, {1, 1}, {0, 1}}, 10) + "|0 POINT|10 0|20 0|0 POINT|10 1000000|20 1000000");
+    ASSERT_EQ(r.Records.size(), 3U);
+    ExpectFollows(r.Records[0], Samples(900, 0, HalfTurn / 2, [](double t) {
+                      return CurvePoint{std::cos(t), std::sin(t)};
+                  }));
+}
+
+TEST(DxfSplines, OfEvenBendHaveEvenChords)
+{
+    // Quarter circles: whatever the radius, no chord is a short rest of the division.
+    for (const double radius : {0.7, 3.0, 10.0, 17.0, 40.0, 333.0}) {
+        const DxfResult r =
+            ReadEntities("0 SPLINE|71 2|41 1|41 0.7071067811865476|41 1" + KnotGroups({0, 0, 0, 1, 1, 1}) +
+                         PointGroups({{radius, 0}, {radius, radius}, {0, radius}}, 10));
+        ASSERT_EQ(r.Records.size(), 1U);
+        double longest = 0.0;
+        const auto& vertices = r.Records[0].Vertices;
+        for (std::size_t i = 1; i < vertices.size(); ++i) {
+            longest = std::max(longest, std::hypot(static_cast<double>(vertices[i][0] - vertices[i - 1][0]),
+                                                   static_cast<double>(vertices[i][1] - vertices[i - 1][1])));
+        }
+        EXPECT_GT(vertices.size(), 3U) << radius;
+        EXPECT_LT(longest, 1.1 * LeastStep(r.Records[0])) << radius;
+        for (const auto& v : vertices) {
+            EXPECT_NEAR(std::hypot(static_cast<double>(v[0]), static_cast<double>(v[1])), radius,
+                        1e-6 * radius)
+                << "on the curve";
+        }
+    }
+}
+
+TEST(DxfSplines, BarelyLongerThanOneHundredthCloseTheirGap)
+{
+    // 0.0102 from end to end: shorter than the vertices of a curve are kept apart, but a gap if it were left out.
+    StartCase();
+    const TempFolder folder;
+    std::string name = folder.Write(
+        "notch.dxf",
+        DrawingOf("0 LINE|10 0.0102|20 0|11 10|21 0|0 LINE|10 10|20 0|11 0|21 10|0 LINE|10 0|20 10|11 0|21 0|"
+                  "0 SPLINE|71 3" +
+                  KnotGroups({0, 0, 0, 0, 1, 1, 1, 1}) +
+                  PointGroups({{0, 0}, {0.0034, 0.001}, {0.0068, 0.001}, {0.0102, 0}}, 10)));
+    ASSERT_TRUE(ImportDxf(name));
+    EXPECT_EQ(AppState.ProfileCount, 1);
+    EXPECT_EQ(AppState.ElementCount, 5);
+    EXPECT_TRUE(AppState.ImportOpen.empty());
+}
+
+TEST(DxfEllipses, AsSmallAsTheSpacingStillFollow)
+{
+    // A circle of 0.02 in a block that is squashed askew: its start falls beside the points at its axes.
+    const DxfResult r =
+        ReadEntities("0 INSERT|2 B|41 0.5|42 1.2|50 70", "0 BLOCK|2 B|0 CIRCLE|10 0|20 0|40 0.02|0 ENDBLK");
+    ASSERT_EQ(r.Records.size(), 1U);
+    const double turn = 70 * HalfTurn / 180;
+    EXPECT_LE(LargestMiss(r.Records[0], Samples(2000, 0, 2 * HalfTurn,
+                                                [&](double t) {
+                                                    const double x = 0.01 * std::cos(t);
+                                                    const double y = 0.024 * std::sin(t);
+                                                    return CurvePoint{x * std::cos(turn) - y * std::sin(turn),
+                                                                      x * std::sin(turn) +
+                                                                          y * std::cos(turn)};
+                                                })),
+              0.005);
+    EXPECT_GT(LeastStep(r.Records[0]), 0.01);
 }
 
 TEST(DxfSplines, MakeClosedProfilesWithoutGaps)
