@@ -81,6 +81,15 @@ Drawing* DXFCreate(const std::string& path)
     return OpenDrawingBytes(bytes);
 }
 
+std::string DrawingRefusal(const std::string& path)
+{
+    if (EndsWithDwg(path)) {
+        return "DWG drawings can't be read yet; save the drawing as DXF";
+    }
+    std::string bytes;
+    return ReadWholeFile(path, bytes) ? "the file is no DXF drawing" : "the file can't be read";
+}
+
 int DXFProhibitCurvesAsPoly(Drawing* drawing, int flag)
 {
     return drawing != nullptr && flag == 0 ? 1 : 0;

@@ -55,6 +55,9 @@ Drawing* DXFCreate(const std::string& path);
 /// The same for a drawing in memory; the bytes aren't needed afterwards.
 Drawing* OpenDrawingBytes(std::string_view bytes);
 
+/// Why DXFCreate gave null for that path, in one line.
+std::string DrawingRefusal(const std::string& path);
+
 /// Curves stay curves (flag 0, the only mode). Non-zero on success.
 int DXFProhibitCurvesAsPoly(Drawing* drawing, int flag);
 

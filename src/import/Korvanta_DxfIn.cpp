@@ -113,18 +113,6 @@ void RestoreLoosePoints(const DrawingAccount& account)
     }
 }
 
-/// True when the chained elements and their end marks fit the table.
-bool EndMarksFit()
-{
-    std::int32_t slots = AppState.ElementCount + 1;
-    for (std::int32_t i = 1; i < AppState.ElementCount; ++i) {
-        const ProfileElement& element = AppState.ElementTable[static_cast<std::size_t>(i)];
-        const ProfileElement& next = AppState.ElementTable[static_cast<std::size_t>(i) + 1];
-        slots += dpp(element.EndX, element.EndY, next.StartX, next.StartY) > Tolerance ? 1 : 0;
-    }
-    return slots <= MaxElements;
-}
-
 /// The path without its folders, and without ".abc".
 std::string DisplayName(const std::string& path)
 {
@@ -145,34 +133,47 @@ void ClearAccount()
     AppState.ImportOpen.clear();
 }
 
+/// The end of an import that gives nothing.
+bool Fail(const std::string& why)
+{
+    ClearPart();
+    ClearAccount();
+    AppState.ImportFailure = why;
+    return false;
+}
+
 } // namespace
 
 bool ImportDxf(std::string& name)
 {
     ClearPart();
     ClearAccount();
+    AppState.ImportFailure.clear();
     if (name.empty() || name.front() != '/') {
         name = WithBackslash(AppState.DxfPath) + name;
     }
     const std::unique_ptr<Drawing, void (*)(Drawing*)> drawing(DXFCreate(name), DXFClose);
     if (drawing == nullptr || DXFProhibitCurvesAsPoly(drawing.get(), 0) == 0) {
-        return false;
+        return Fail(DrawingRefusal(name));
     }
     AppState.SourceName = name;
     AppState.JobName = DisplayName(name);
     ClearPart();
     DxfImport import;
     const bool complete = DXFEnum(drawing.get(), 0, TakeEntity, &import);
-    const DrawingAccount& account = DXFAccount(drawing.get());
-    if (complete && !import.TooLarge) {
-        ChainElements();
+    if (import.TooLarge) {
+        return Fail("there are more elements than the station holds (32767, profile ends included)");
     }
-    if (!complete || import.TooLarge || !EndMarksFit()) {
-        ClearPart();
-        return false;
+    if (!complete) {
+        return Fail("the blocks or curves of the drawing multiply beyond measure");
+    }
+    const DrawingAccount& account = DXFAccount(drawing.get());
+    ChainElements();
+    RestoreLoosePoints(account);
+    if (!NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY)) {
+        return Fail(std::string(AppState.ImportFailure));
     }
     AppState.ImportRead = account.Read;
     AppState.ImportLeftOut = account.LeftOut;
-    RestoreLoosePoints(account);
-    return NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY);
+    return true;
 }

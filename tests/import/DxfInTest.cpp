@@ -56,6 +56,14 @@ TEST(ImportDxf, TakesACircleAsOneArcFromTheRightOfItsCentre)
     EXPECT_NEAR(std::fabs(Element(2).GeoB), 25.0 * Pi, 1e-9);
 }
 
+TEST(ImportDxf, DropsACircleWithoutRadius)
+{
+    // An arc of radius 0 is a straight element from its start to its end, here of length 0.
+    ASSERT_TRUE(ImportEntities("0 CIRCLE|10 30|20 20|40 0|0 LINE|10 0|20 0|11 5|21 0"));
+    EXPECT_EQ(AppState.ElementCount, 2);
+    EXPECT_EQ(Element(1).Kind, KindLine);
+}
+
 TEST(ImportDxf, ChainsTwoPolylinesThatShareAnEnd)
 {
     ASSERT_TRUE(ImportEntities("0 LWPOLYLINE|90 3|70 0|10 0|20 0|10 10|20 0|10 10|20 10|"
@@ -131,6 +139,9 @@ TEST(ImportDxf, FailsOnAMissingFileAndEmptiesTheTables)
     EXPECT_EQ(AppState.MarkPointCount, 0);
     EXPECT_EQ(AppState.MoveStep, 10.0);
     EXPECT_TRUE(AppState.ImportRead.empty());
+    EXPECT_EQ(AppState.ImportFailure, "the file can't be read");
+    ASSERT_TRUE(ImportEntities("0 CIRCLE|10 0|20 0|40 5"));
+    EXPECT_EQ(AppState.ImportFailure, "") << "of the import before";
 }
 
 TEST(ImportDxf, FailsOnADwgFileWhateverItHolds)
@@ -139,6 +150,29 @@ TEST(ImportDxf, FailsOnADwgFileWhateverItHolds)
     const TempFolder folder;
     std::string name = folder.Write("part.DWG", DrawingOf("0 CIRCLE|10 0|20 0|40 5"));
     EXPECT_FALSE(ImportDxf(name));
+    EXPECT_EQ(AppState.ImportFailure, "DWG drawings can't be read yet; save the drawing as DXF");
+}
+
+TEST(ImportDxf, SaysWhenAFileIsNoDrawing)
+{
+    StartCase();
+    const TempFolder folder;
+    std::string name = folder.Write("letter.dxf", "Dear customer,\nplease cut the plate.\n");
+    EXPECT_FALSE(ImportDxf(name));
+    EXPECT_EQ(AppState.ImportFailure, "the file is no DXF drawing");
+    EXPECT_EQ(AppState.SourceName, "") << "nothing was opened";
+}
+
+TEST(ImportDxf, SaysWhenBlocksMultiplyBeyondMeasure)
+{
+    StartCase();
+    const TempFolder folder;
+    std::string name = folder.Write("points.dxf", DrawingOf("0 INSERT|2 B|70 32767|71 32767|44 1|45 1",
+                                                            "0 BLOCK|2 B|0 POINT|10 0|20 0|0 ENDBLK"));
+    EXPECT_FALSE(ImportDxf(name));
+    EXPECT_EQ(AppState.ImportFailure, "the blocks or curves of the drawing multiply beyond measure");
+    EXPECT_EQ(AppState.MarkPointCount, 0);
+    EXPECT_EQ(AppState.MarkPoints.size(), 1U);
 }
 
 TEST(ImportDxf, TellsWhereAProfileStaysOpen)
@@ -183,6 +217,9 @@ TEST(ImportDxf, FillsTheTableToItsLastSlotAndNoFurther)
     EXPECT_TRUE(ImportEntities(zigzag(32766)));
     EXPECT_EQ(AppState.ElementCount, 32767);
     EXPECT_FALSE(ImportEntities(zigzag(32767)));
+    EXPECT_EQ(AppState.ImportFailure,
+              "there are more elements than the station holds (32767, profile ends included)");
+    EXPECT_TRUE(AppState.ImportRead.empty());
     EXPECT_EQ(AppState.ElementCount, 0);
     EXPECT_EQ(AppState.ProfileCount, 0);
 }
@@ -202,6 +239,9 @@ TEST(ImportDxf, CountsTheEndMarksIntoTheLimit)
     EXPECT_EQ(AppState.ElementCount, 32766);
     EXPECT_EQ(AppState.ProfileCount, 16383);
     EXPECT_FALSE(ImportEntities(circles(16384)));
+    EXPECT_EQ(AppState.ImportFailure,
+              "there are more elements than the station holds (32767, profile ends included)");
+    EXPECT_TRUE(AppState.ImportLeftOut.empty());
     EXPECT_EQ(AppState.ElementCount, 0);
     EXPECT_EQ(AppState.ProfileCount, 0);
     EXPECT_TRUE(AppState.ImportRead.empty());
