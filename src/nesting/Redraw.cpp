@@ -70,13 +70,13 @@ void DrawStatisticsText(Picture picture, std::int64_t copies)
                 cuts, ColourBlack);
 }
 
-/// What the walk does to the leads, without a stroke. Each drawn copy builds the leads of each profile. All that outlives this is the lead point, in Status, LeadElement
-/// and LeadPosition of the records, and LeadPosition is written in one case only: when it lies past the end of the
-/// contour it becomes half the length of the last element. The first copy may do that and still leave the lead
-/// in the middle of the last element; the second finds the half length as a plain distance from the first point. That
-/// lies on the contour (no contour is shorter than half its last element), or is 0 on a contour without length,
-/// which writes 0 again. From then on the input of the search stays the same, so a third copy leaves what the second
-/// left, and the rest only need counting.
+/// What the walk does to the leads, without a stroke. Each drawn copy builds the leads of each profile. All that outlives
+/// this is the lead point, in Status, LeadElement and LeadPosition of the records, and LeadPosition is written in one case
+/// only: when it lies past the end of the contour it becomes half the length of the last element. The first copy may do
+/// that and still leave the lead in the middle of the last element; the second finds the half length as a plain distance
+/// from the first point. That lies on the contour (no contour is shorter than half its last element), or is 0 on a contour
+/// without length, which writes 0 again. From then on the input of the search stays the same, so a third copy leaves what
+/// the second left, and the rest only need counting.
 void FindLeadsOfCopies(std::int64_t copies)
 {
     constexpr std::int64_t CopiesThatMatter = 2;
