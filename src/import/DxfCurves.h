@@ -55,7 +55,7 @@ void EllipsePieces(const PlanePoint& centre, const PlanePoint& axis1, const Plan
                    double sweep, CurvePieces& pieces);
 
 /// Vertices of pieces first .. last - 1, which hang together: chord error below 0.005, neighbours more than `spacing`
-/// (at least 0.01) apart, both ends exact. Empty when the curve is too small for two vertices. `budget` falls by the points
-/// looked at; at 0 the result is coarse.
+/// (at least 0.01) apart, both ends exact. A curve too small for that comes as its two ends alone, however close. `budget`
+/// falls by the points looked at; at 0 the result is coarse.
 void FlattenPieces(const CurvePieces& pieces, std::size_t first, std::size_t last, double spacing,
                    std::int64_t& budget, std::vector<PlanePoint>& vertices);

@@ -162,6 +162,12 @@ double CurveSpacing(const DxfWalk& walk)
     return Tolerance * 1.05 + 2.0 * floatStep * reach;
 }
 
+/// True when two points are so far apart, as floats, that a profile would stay open between them.
+bool IsGap(const DxfWalk& walk, const PlanePoint& a, const PlanePoint& b)
+{
+    return FloatDistance(Rounded(walk, a), Rounded(walk, b)) > Tolerance;
+}
+
 } // namespace
 
 bool IsUsable(const PlanePoint& point)
@@ -280,7 +286,9 @@ void EmitPieces(DxfWalk& walk)
         if (walk.Exhausted) {
             return;
         }
-        EmitRun(walk, DxfCurve, walk.Run);
+        if (walk.Run.size() > 2 || IsGap(walk, walk.Run.front(), walk.Run.back())) {
+            EmitRun(walk, DxfCurve, walk.Run);
+        }
         first = last;
     }
 }

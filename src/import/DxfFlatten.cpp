@@ -2,8 +2,6 @@
 // the tolerance, then as few of these as the rest of the tolerance allows, kept apart, then as many chords of even size.
 #include "import/DxfCurves.h"
 
-#include "state/Numbers.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -227,8 +225,7 @@ void ThinStretch(Thinning& t, std::size_t last)
     }
 }
 
-/// The curve's end is exact, whatever must go for it. Ends that are themselves closer than the spacing but would gape
-/// are still joined by a chord.
+/// The curve's end is exact, whatever must go for it.
 void FixEnd(Thinning& t)
 {
     const std::size_t end = t.Dense.size() - 1;
@@ -238,12 +235,7 @@ void FixEnd(Thinning& t)
     while (t.Chosen.size() > 1 && !t.Apart(t.Chosen.back(), end)) {
         t.Chosen.pop_back();
     }
-    const bool gapes = SquaredDistance(t.Dense[t.Chosen.back()], t.Dense[end]) > Tolerance * Tolerance;
-    if (gapes) {
-        t.Chosen.push_back(end);
-    } else {
-        t.Chosen.clear();
-    }
+    t.Chosen.push_back(end);
 }
 
 /// True when the curve doesn't leave the neighbourhood of its end behind dense point `from`.
@@ -399,9 +391,6 @@ void FlattenPieces(const CurvePieces& pieces, std::size_t first, std::size_t las
         ThinStretch(thinning, corner);
     }
     FixEnd(thinning);
-    vertices.clear();
-    if (!chosen.empty()) {
-        Stretch stretch{pieces, curve, spacing * spacing, 0, 0, {}};
-        PlaceVertices(stretch, chosen, corners, vertices);
-    }
+    Stretch stretch{pieces, curve, spacing * spacing, 0, 0, {}};
+    PlaceVertices(stretch, chosen, corners, vertices);
 }
