@@ -35,15 +35,13 @@ struct SourceFile {
     std::string Name;     ///< plain, or absolute
     std::string Path;     ///< the full path in either case
     bool IsPlain = false; ///< looked up in a folder of the station
-    bool IsDwg = false;
 };
 
 SourceFile ResolveSource(const std::string& source)
 {
     SourceFile file;
     const std::string extension = LowerCase(fs::path(source).extension().string());
-    file.IsDwg = extension == ".dwg";
-    file.Kind = extension == ".dxf" || file.IsDwg ? ImportKind::Drawing : ImportKind::Program;
+    file.Kind = extension == ".dxf" || extension == ".dwg" ? ImportKind::Drawing : ImportKind::Program;
     const bool hasDrive = source.size() >= 2 && source[1] == ':';
     if (source.find('/') != std::string::npos) {
         file.Name = fs::absolute(source).lexically_normal().string();
@@ -72,13 +70,7 @@ std::string FailureReason(const SourceFile& source)
         return native + " doesn't exist" +
                (isHere ? "; for the file in this folder write ./" + source.Name : "");
     }
-    if (source.IsDwg) {
-        return native + ": DWG drawings can't be read yet; save the drawing as DXF";
-    }
-    if (!AppState.ImportFailure.empty()) {
-        return native + ": " + AppState.ImportFailure;
-    }
-    return native + ": no drawing that can be read, or one of more than 32767 elements";
+    return native + ": " + AppState.ImportFailure;
 }
 
 /// What the station's boxes said, ahead of the line that tells why.
