@@ -1,0 +1,16 @@
+// Artwork.h -- the pictures of keys, tabs, lists and signs, drawn from the compiled-in artwork at the size asked for.
+#pragma once
+
+#include "state/ScreenRecords.h"
+
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+
+/// Picture `image` of an image list, fitted into `size` device-independent pixels on a screen of `pixelRatio`; null for
+/// ImageList::None and for a number without a picture. The shape lists show the developed default shapes.
+QPixmap ArtPicture(const ImageRef& image, QSize size, qreal pixelRatio);
+
+/// A picture by its name: "SaveFile", "LoadFile" (signs beside the file name), "LeadHelp" (the lead values A to D on a
+/// contour), "Application". Null for another name.
+QPixmap NamedPicture(const QString& name, QSize size, qreal pixelRatio);
