@@ -1,0 +1,12 @@
+// Mirror.h -- from the records to the controls: each shows what AppState says, and is touched only where it differs.
+#pragma once
+
+#include "state/ScreenRecords.h"
+
+/// Shows the records on all controls; lays the window out anew when a caption or size asks for it. Focus changes and
+/// texts that this brings about are reported to nobody.
+void MirrorRecords();
+
+/// Size of a list's items on the screen, in device-independent pixels, such that the shell's count of items across and
+/// down is the one shown.
+ListMetrics MeasureShownList(std::int16_t tab);

@@ -1,0 +1,315 @@
+#include "qt/ModalBox.h"
+
+#include "qt/KeyMap.h"
+#include "qt/Mirror.h"
+#include "qt/StationWindow.h"
+#include "qt/WindowEvents.h"
+#include "shell/KeyCodes.h"
+#include "shell/Korvanta_InputParamPPR.h"
+#include "shell/MsgBox_Unicode.h"
+
+#include <QComboBox>
+#include <QEventLoop>
+#include <QFrame>
+#include <QGridLayout>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace
+{
+constexpr int Margin = 16;
+constexpr int BoxShare = 2; ///< a box takes at least this part of the window's width
+constexpr int EntryLetters = 16;
+constexpr QRgb DimColour = 0x60303030;
+
+/// The controls of the open dialog, by slot.
+struct DialogRow {
+    QLabel* Label = nullptr;
+    QComboBox* Combo = nullptr; ///< one of these two
+    QLineEdit* Text = nullptr;
+};
+std::array<DialogRow, PprInputSlots + 1> Rows;
+
+/// A panel over the dimmed window, until its loop ends.
+struct ModalPanel {
+    QWidget* Cover = nullptr;
+    QFrame* Panel = nullptr;
+    QEventLoop Loop;
+    bool Ok = false;
+};
+
+QLabel* AddLine(QVBoxLayout* layout, const QString& name, const std::string& text)
+{
+    auto* line = new QLabel(FromText(text));
+    line->setTextFormat(Qt::PlainText);
+    line->setAlignment(Qt::AlignCenter);
+    line->setWordWrap(true);
+    NameControl(line, name);
+    layout->addWidget(line);
+    return line;
+}
+
+void OpenPanel(ModalPanel& modal, const QString& name)
+{
+    modal.Cover = new QWidget(Window.Main);
+    QPalette dim = modal.Cover->palette();
+    dim.setColor(QPalette::Window, QColor::fromRgba(DimColour));
+    modal.Cover->setPalette(dim);
+    modal.Cover->setAutoFillBackground(true);
+    modal.Cover->setGeometry(Window.Main->rect());
+    modal.Panel = new QFrame(modal.Cover);
+    modal.Panel->setFrameStyle(QFrame::Box | QFrame::Plain);
+    modal.Panel->setPalette(Window.Main->palette());
+    modal.Panel->setAutoFillBackground(true);
+    NameControl(modal.Panel, name);
+}
+
+void CentrePanel(const ModalPanel& modal)
+{
+    const int least = Window.Main->width() / BoxShare;
+    modal.Panel->setMinimumWidth(least);
+    modal.Panel->setMaximumWidth(Window.Main->width() - 2 * Margin);
+    modal.Panel->adjustSize();
+    const QRect room = modal.Cover->rect();
+    modal.Panel->move((room.width() - modal.Panel->width()) / 2, (room.height() - modal.Panel->height()) / 2);
+}
+
+/// Shows the panel until its loop is left; the control that had the focus has it again afterwards.
+void RunPanel(ModalPanel& modal, QWidget* first)
+{
+    const bool outer = Window.Modal;
+    const QPointer<QWidget> before = outer ? modal.Cover->window()->focusWidget() : nullptr;
+    Window.Modal = true;
+    CentrePanel(modal);
+    modal.Cover->show();
+    modal.Cover->raise();
+    first->setFocus(Qt::OtherFocusReason);
+    modal.Loop.exec();
+    modal.Cover->hide();
+    modal.Cover->deleteLater();
+    Window.Modal = outer;
+    if (before != nullptr) {
+        before->setFocus(Qt::OtherFocusReason);
+    }
+    MirrorRecords();
+}
+
+/// Sees the keys of a panel and of all that is on it.
+class KeyWatcher : public QObject
+{
+public:
+    KeyWatcher(QObject* parent, std::function<bool(QObject*, QEvent*)> handler)
+        : QObject(parent), Handler(std::move(handler))
+    {
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        return Handler(object, event);
+    }
+
+private:
+    std::function<bool(QObject*, QEvent*)> Handler;
+};
+
+void WatchPanel(const ModalPanel& modal, std::function<bool(QObject*, QEvent*)> handler)
+{
+    auto* watcher = new KeyWatcher(modal.Panel, std::move(handler));
+    modal.Panel->installEventFilter(watcher);
+    for (QWidget* control : modal.Panel->findChildren<QWidget*>()) {
+        control->installEventFilter(watcher);
+    }
+}
+
+// --- the box ------------------------------------------------------------------------------------------------
+
+/// A button of the box; a click closes it, with OK or not.
+void AddButton(ModalPanel& modal, QHBoxLayout* layout, const QString& name, const std::string& caption,
+               bool ok)
+{
+    auto* button = new QPushButton(FromText(caption));
+    button->setFocusPolicy(Qt::NoFocus);
+    NameControl(button, name);
+    layout->addWidget(button, 1);
+    QObject::connect(button, &QPushButton::clicked, [&modal, ok] {
+        modal.Ok = ok;
+        modal.Loop.quit();
+    });
+}
+
+bool BoxEvent(ModalPanel& modal, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    bool result = false;
+    if (BoxKey(KeyCodeOf(*static_cast<QKeyEvent*>(event)), result)) {
+        modal.Ok = result;
+        modal.Loop.quit();
+    }
+    return true;
+}
+
+// --- the dialog -----------------------------------------------------------------------------------------------
+
+std::int16_t SlotOf(const QObject* control)
+{
+    for (std::size_t slot = 1; slot < Rows.size(); ++slot) {
+        if (control != nullptr && (Rows[slot].Combo == control || Rows[slot].Text == control)) {
+            return static_cast<std::int16_t>(slot);
+        }
+    }
+    return 0;
+}
+
+QWidget* EntryOf(std::int16_t slot)
+{
+    const DialogRow& row = Rows[static_cast<std::size_t>(slot)];
+    return row.Combo != nullptr ? static_cast<QWidget*>(row.Combo) : row.Text;
+}
+
+void MakeEntry(std::size_t slot)
+{
+    InputRow& record = AppState.InputDialogRows[slot];
+    DialogRow& row = Rows[slot];
+    if (record.IsList != FlagOff) {
+        row.Combo = new QComboBox;
+        for (const std::string& option : record.Options) {
+            row.Combo->addItem(FromText(option));
+        }
+        row.Combo->setCurrentIndex(std::max(0, row.Combo->findText(FromText(record.Text))));
+        record.Text = ToText(row.Combo->currentText());
+        QObject::connect(row.Combo, &QComboBox::currentTextChanged,
+                         [&record](const QString& text) { record.Text = ToText(text); });
+        NameControl(row.Combo, QString("PprParam_Combo %1").arg(slot - 1));
+    } else {
+        row.Text = new QLineEdit(FromText(record.Text));
+        row.Text->setContextMenuPolicy(Qt::NoContextMenu);
+        QObject::connect(row.Text, &QLineEdit::textChanged,
+                         [&record](const QString& text) { record.Text = ToText(text); });
+        NameControl(row.Text, QString("PprParam_Text %1").arg(slot - 1));
+    }
+    EntryOf(static_cast<std::int16_t>(slot))
+        ->setMinimumWidth(EntryLetters * Window.Main->fontMetrics().horizontalAdvance('0'));
+}
+
+void MakeRows(QGridLayout* grid)
+{
+    for (std::size_t slot = 1; slot < Rows.size(); ++slot) {
+        Rows[slot] = DialogRow();
+        if (AppState.InputDialogRows[slot].Visible == FlagOff) {
+            continue;
+        }
+        MakeEntry(slot);
+        Rows[slot].Label = new QLabel(FromText(AppState.PprInput[slot].Label));
+        Rows[slot].Label->setTextFormat(Qt::PlainText);
+        NameControl(Rows[slot].Label, QString("PprParam_Label %1").arg(slot - 1));
+        const int at = static_cast<int>(slot);
+        grid->addWidget(Rows[slot].Label, at, 0);
+        grid->addWidget(EntryOf(static_cast<std::int16_t>(slot)), at, 1);
+    }
+}
+
+/// A list moves by its arrow keys, a text is typed; all else is the dialog's.
+bool DialogEvent(ModalPanel& modal, QObject* object, QEvent* event)
+{
+    const std::int16_t slot = SlotOf(object);
+    if (event->type() == QEvent::FocusIn && slot > 0) {
+        RunEvent([slot] { InputRowEntered(slot); });
+        return false;
+    }
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const std::int16_t code = KeyCodeOf(key);
+    if (code == KeyF8 || code == KeyF10 || code == KeyEnter) {
+        RunEvent([&] {
+            if (InputDialogKey(slot, code)) {
+                modal.Loop.quit();
+            }
+        });
+        return true;
+    }
+    return code == KeyEsc; // nothing hides a question that the program needs an answer to
+}
+} // namespace
+
+bool RunStationBox(const std::string& line1, const std::string& line2, const std::string& line3,
+                   bool twoButtons)
+{
+    ModalPanel modal;
+    OpenPanel(modal, "MsgBox_Unicode");
+    auto* layout = new QVBoxLayout(modal.Panel);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
+    int number = 0;
+    for (const std::string& line : {line1, line2, line3}) {
+        AddLine(layout, QString("Label1 %1").arg(number++), line);
+    }
+    std::string ok;
+    std::string cancel;
+    BoxCaptions(twoButtons, ok, cancel);
+    auto* buttons = new QHBoxLayout;
+    layout->addSpacing(Margin);
+    layout->addLayout(buttons);
+    AddButton(modal, buttons, "CancelButton", cancel, false);
+    if (twoButtons) {
+        AddButton(modal, buttons, "OKButton", ok, true);
+    }
+    modal.Panel->setFocusPolicy(Qt::StrongFocus);
+    WatchPanel(modal, [&modal](QObject*, QEvent* event) { return BoxEvent(modal, event); });
+    RunPanel(modal, modal.Panel);
+    return modal.Ok;
+}
+
+void RunStationDialog()
+{
+    ModalPanel modal;
+    OpenPanel(modal, "Korvanta_InputParamPPR");
+    auto* layout = new QVBoxLayout(modal.Panel);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
+    AddLine(layout, "Caption", AppState.InputDialogTitle);
+    auto* grid = new QGridLayout;
+    layout->addLayout(grid);
+    MakeRows(grid);
+    auto* button = new QPushButton(FromText(AppState.InputDialogButton));
+    button->setFocusPolicy(Qt::NoFocus); // it would hand the focus on to the first row
+    NameControl(button, "OKButton");
+    layout->addWidget(button);
+    QObject::connect(button, &QPushButton::clicked, [&modal] { modal.Loop.quit(); });
+    modal.Panel->setFocusPolicy(Qt::StrongFocus);
+    WatchPanel(modal, [&modal](QObject* object, QEvent* event) { return DialogEvent(modal, object, event); });
+    QWidget* first = nullptr;
+    for (std::int16_t slot = 1; slot < static_cast<std::int16_t>(Rows.size()) && first == nullptr; ++slot) {
+        first = EntryOf(slot);
+    }
+    RunPanel(modal, first != nullptr ? first : modal.Panel);
+    Rows = {};
+}
+
+void FocusDialogRow(std::int16_t slot)
+{
+    QWidget* entry = slot > 0 && static_cast<std::size_t>(slot) < Rows.size() ? EntryOf(slot) : nullptr;
+    if (entry != nullptr) {
+        entry->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void SelectDialogRow(std::int16_t slot)
+{
+    if (slot > 0 && static_cast<std::size_t>(slot) < Rows.size() &&
+        Rows[static_cast<std::size_t>(slot)].Text != nullptr) {
+        Rows[static_cast<std::size_t>(slot)].Text->selectAll();
+    }
+}

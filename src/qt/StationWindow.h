@@ -1,0 +1,83 @@
+// StationWindow.h -- the main window: its controls, which mirror the records of AppState, and what the room's
+// own routines share.
+#pragma once
+
+#include "platform/Surface.h"
+#include "state/AppState.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QTabBar>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+
+/// A caption and its field.
+struct FieldRow {
+    QLabel* Label = nullptr;
+    QLineEdit* Edit = nullptr;
+};
+
+/// What a control shows of a record, to change it only when the record does.
+struct MirroredState {
+    std::array<std::int32_t, InputTabCount> ListFilled{}; ///< ListRecord::Filled of the items shown
+    std::array<ImageRef, KeyButtonCount> KeyBar{};
+    std::array<ImageRef, InputTabCount> InputIcons{};
+    std::array<ImageRef, CamTabCount> CamIcons{};
+    std::string PreviewJob;
+    Flag PreviewNest = FlagOff;
+    std::string LogoFile;
+    std::string NameSign; ///< FileNameImage
+    std::string Layout;   ///< what the places depend on
+};
+
+/// The window's controls, by the names of their records.
+struct StationWindowRecord {
+    QWidget* Main = nullptr;
+    QWidget* InputPanel = nullptr; ///< Tab_Input: its tabs, the lists, the frame of the job preview
+    QTabBar* InputTabs = nullptr;
+    QWidget* CamPanel = nullptr; ///< Tab_CAM: its tabs, drawings and frames
+    QTabBar* CamTabs = nullptr;
+    std::array<QToolButton*, KeyButtonCount> Keys{};
+    std::array<QListWidget*, InputTabCount> Lists{};
+    QWidget* FrameFileNesting = nullptr;
+    QLabel* LabelFileName = nullptr;
+    QLabel* ImageFile = nullptr;
+    QLineEdit* TextFileName = nullptr;
+    QProgressBar* Progress = nullptr;
+    std::array<QWidget*, 4> Pictures{}; ///< by Picture
+    QWidget* FrameValue = nullptr;
+    QWidget* FrameCutting = nullptr;
+    QWidget* FrameNesting = nullptr;
+    QLabel* LeadHelp = nullptr;
+    std::array<FieldRow, ParamFieldCount> Params;
+    std::array<FieldRow, CuttingFieldCount> Cutting;
+    std::array<FieldRow, NestingFieldCount> Nesting;
+    std::array<QLabel*, 2> Counts{}; ///< LabelNesting 8 and 9
+
+    QWidget* Focus = nullptr; ///< control that has the focus as the shell knows it
+    bool Mirroring = false;   ///< the records are being shown: what the controls report meanwhile is no event
+    bool Modal = false;       ///< a box or dialog is open
+    MirroredState Shown;
+};
+
+extern StationWindowRecord Window;
+
+/// Makes the window and its controls, hidden. Needs the QApplication.
+void MakeStationWindow();
+
+/// Size and place on the desktop as AppState.Window plans them; shows the window.
+void ShowStationWindow();
+
+/// The drawing box of a picture.
+QWidget* PictureBox(Picture picture);
+
+QString FromText(const std::string& text);
+std::string ToText(const QString& text);
+
+/// The name by which screen readers and robots find a control.
+void NameControl(QWidget* control, const QString& name);

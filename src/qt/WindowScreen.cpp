@@ -1,0 +1,166 @@
+// The body of the screen seam for the window.
+#include "platform/Screen.h"
+#include "qt/Mirror.h"
+#include "qt/ModalBox.h"
+#include "qt/StationWindow.h"
+#include "qt/TopWindows.h"
+#include "qt/WindowEvents.h"
+#include "shell/Korvanta_InputParamPPR.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace
+{
+template <std::size_t Count>
+QLineEdit* FindEdit(const std::array<FieldRow, Count>& rows, const std::array<ValueField, Count>& fields,
+                    const ValueField& field)
+{
+    for (std::size_t i = 0; i < Count; ++i) {
+        if (&fields[i] == &field) {
+            return rows[i].Edit;
+        }
+    }
+    return nullptr;
+}
+
+QLineEdit* EditOf(const ValueField& field)
+{
+    if (&field == &AppState.TextFileName) {
+        return Window.TextFileName;
+    }
+    for (QLineEdit* edit : {FindEdit(Window.Cutting, AppState.TextCutting, field),
+                            FindEdit(Window.Nesting, AppState.TextNesting, field),
+                            FindEdit(Window.Params, AppState.ParamText, field)}) {
+        if (edit != nullptr) {
+            return edit;
+        }
+    }
+    return nullptr;
+}
+
+bool HasWindow()
+{
+    return Window.Main != nullptr;
+}
+} // namespace
+
+void FocusField(const ValueField& field)
+{
+    QLineEdit* edit = EditOf(field);
+    if (HasWindow() && edit != nullptr) {
+        MirrorRecords();
+        MoveFocusTo(edit);
+        MirrorRecords();
+    }
+}
+
+void FocusList(std::int16_t tab)
+{
+    if (HasWindow() && tab >= 0 && tab < InputTabCount) {
+        MirrorRecords();
+        MoveFocusTo(Window.Lists[static_cast<std::size_t>(tab)]);
+        MirrorRecords();
+    }
+}
+
+ListMetrics MeasureList(std::int16_t tab)
+{
+    if (!HasWindow()) {
+        return {};
+    }
+    MirrorRecords();
+    return MeasureShownList(tab);
+}
+
+void FocusInputRow(std::int16_t slot)
+{
+    FocusDialogRow(slot);
+}
+
+void SelectInputRow(std::int16_t slot)
+{
+    SelectDialogRow(slot);
+}
+
+void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length)
+{
+    QLineEdit* edit = EditOf(field);
+    if (!HasWindow() || edit == nullptr) {
+        return;
+    }
+    MirrorRecords();
+    if (length > 0) {
+        edit->setSelection(start, length);
+    } else {
+        edit->deselect();
+        edit->setCursorPosition(start);
+    }
+}
+
+/// What is typed meanwhile waits until the routine at work is through, except while a walk shows itself: its keys are
+/// alive.
+void Yield()
+{
+    MirrorRecords();
+    QCoreApplication::processEvents(AppState.SimRunning != FlagOff ? QEventLoop::AllEvents
+                                                                   : QEventLoop::ExcludeUserInputEvents);
+}
+
+bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
+                 bool twoButtons)
+{
+    MirrorRecords();
+    return RunStationBox(line1, line2, line3, twoButtons);
+}
+
+void RunSystemBox(const std::string& caption, const std::string& text)
+{
+    std::fprintf(stderr, "korvanta: %s: %s\n", caption.c_str(), text.c_str());
+    QMessageBox box(QMessageBox::Critical, FromText(caption), FromText(text), QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+/// At once, in the middle of whatever runs: nothing is unwound, what was written has been closed.
+void EndProcess(int status)
+{
+    ReleaseStationLock();
+    if (HasWindow()) {
+        Window.Main->hide();
+    }
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+void RunInputDialog(const std::string& title)
+{
+    OpenInputDialog(title);
+    MirrorRecords();
+    RunStationDialog();
+    CloseInputDialog();
+}
+
+void ShowProgress(std::int32_t range)
+{
+    Window.Progress->setRange(0, std::max(1, range));
+    Window.Progress->setValue(0);
+    Window.Progress->show();
+    Window.Progress->raise();
+}
+
+void SetProgress(std::int32_t value)
+{
+    if (value >= 0 && value <= Window.Progress->maximum()) {
+        Window.Progress->setValue(value);
+    }
+}
+
+void HideProgress()
+{
+    Window.Progress->hide();
+}
