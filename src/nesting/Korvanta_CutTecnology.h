@@ -61,8 +61,8 @@ void DrawStatistics(Picture picture, std::int16_t width);
 void DrawOriginMark(Picture picture);
 
 /// Scene and statistics of the current screen, strokes of the overlay `width` pixels wide; with `fit` the view is
-/// fitted first. A frame of the zoom that stood on the picture stands there again. Off the Cutting and Nesting screens
-/// nothing.
+/// fitted first. A frame of the zoom or a rubber line that stood on the picture stands there again. Off the Cutting and
+/// Nesting screens nothing.
 void RedrawCurrent(std::int16_t width, Flag fit);
 
 /// The same with the usual width: what AppState.Redraw is set to.
@@ -74,3 +74,7 @@ void RefreshPart(Picture picture);
 /// The frame of the zoom: the view divided by `factor` about ViewCentreX, ViewCentreY, and two lines through the centre, on
 /// inverting strokes. Drawn a second time it is gone.
 void DrawZoomFrame(Picture picture, double factor);
+
+/// The rubber line of the distance that is being measured, on inverting strokes. Drawn a second time it is gone. A line
+/// without length leaves no stroke, drawn or erased.
+void DrawRubberLine(Picture picture);

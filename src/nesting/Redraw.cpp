@@ -38,16 +38,30 @@ void WalkOrigin(double& x, double& y)
     y = ShowsNest() ? kerf + NestNumber(FieldGapY) / 2 : 0.0;
 }
 
+/// Copies that find their leads anew. All that a copy leaves behind is the lead point, in Status, LeadElement and
+/// LeadPosition of the records, and LeadPosition is written in one case only: when it lies past the end of the contour it
+/// becomes half the length of the last element. The first copy may do that and still leave the lead in the middle of the
+/// last element; the second finds the half length as a plain distance from the first point. That lies on the contour (no
+/// contour is shorter than half its last element), or is 0 on a contour without length, which writes 0 again. From then on
+/// the input of the search stays the same, so a third copy has the leads of the second.
+constexpr std::int64_t CopiesThatMatter = 2;
+
 struct OverlayWalk {
     Picture On;
     std::int16_t Width;
-    std::int64_t Left; ///< copies still to be drawn
+    std::int64_t Left;      ///< copies still to be drawn
+    std::int64_t Drawn = 0; ///< copies drawn
+    PartLeads Leads = {};   ///< of the copy before
 };
 
 bool DrawCopyMoves(double x, double y, void* context)
 {
     auto& walk = *static_cast<OverlayWalk*>(context);
-    DrawMoves(walk.On, x, y, walk.Width);
+    if (walk.Drawn < CopiesThatMatter) {
+        CollectLeads(walk.Leads);
+    }
+    ++walk.Drawn;
+    DrawLeads(walk.On, walk.Leads, x, y, walk.Width);
     return --walk.Left > 0;
 }
 
@@ -70,21 +84,12 @@ void DrawStatisticsText(Picture picture, std::int64_t copies)
                 cuts, ColourBlack);
 }
 
-/// What the walk does to the leads, without a stroke. Each drawn copy builds the leads of each profile. All that outlives
-/// this is the lead point, in Status, LeadElement and LeadPosition of the records, and LeadPosition is written in one case
-/// only: when it lies past the end of the contour it becomes half the length of the last element. The first copy may do
-/// that and still leave the lead in the middle of the last element; the second finds the half length as a plain distance
-/// from the first point. That lies on the contour (no contour is shorter than half its last element), or is 0 on a contour
-/// without length, which writes 0 again. From then on the input of the search stays the same, so a third copy leaves what
-/// the second left, and the rest only need counting.
+/// What the walk does to the leads, without a stroke.
 void FindLeadsOfCopies(std::int64_t copies)
 {
-    constexpr std::int64_t CopiesThatMatter = 2;
+    PartLeads leads;
     for (std::int64_t copy = 0; copy < std::min(copies, CopiesThatMatter); ++copy) {
-        for (std::int32_t profile = 1; profile <= AppState.ProfileCount; ++profile) {
-            LeadRecordArray leads;
-            BuildLeads(leads, profile);
-        }
+        CollectLeads(leads);
     }
 }
 } // namespace
@@ -99,7 +104,8 @@ void DrawStatistics(Picture picture, std::int16_t width)
     double originX = 0.0;
     double originY = 0.0;
     WalkOrigin(originX, originY);
-    const std::int64_t copies = CountCopies(originX, originY);
+    // Off the Nesting screen there is the part alone, whatever nest type and sheet another part has left.
+    const std::int64_t copies = ShowsNest() ? CountCopies(originX, originY) : 1;
     constexpr std::int64_t Most = std::numeric_limits<std::int32_t>::max();
     AppState.CopiesDrawn = static_cast<std::int32_t>(std::min(copies, Most));
     if (!PictureShown() || !PartHasSize()) {
@@ -107,7 +113,11 @@ void DrawStatistics(Picture picture, std::int16_t width)
         return;
     }
     OverlayWalk walk{picture, width, CopiesToDraw()};
-    WalkCopies(originX, originY, DrawCopyMoves, &walk);
+    if (ShowsNest()) {
+        WalkCopies(originX, originY, DrawCopyMoves, &walk);
+    } else {
+        DrawCopyMoves(originX, originY, &walk);
+    }
     DrawStatisticsText(picture, copies);
     DrawOriginMark(picture);
 }
@@ -129,8 +139,14 @@ void RedrawCurrent(std::int16_t width, Flag fit)
     const Picture picture = CurrentPicture();
     DrawScene(picture, fit, FlagOn, FlagOn);
     DrawStatistics(picture, width);
-    if (AppState.ZoomFrame > 0.0 && PictureShown() && picture != Picture::Preview) {
+    if (!PictureShown() || picture == Picture::Preview) {
+        return;
+    }
+    if (AppState.ZoomFrame > 0.0) {
         DrawZoomFrame(picture, AppState.ZoomFrame);
+    }
+    if (AppState.MeasureOn != FlagOff) {
+        DrawRubberLine(picture);
     }
 }
 

@@ -46,7 +46,7 @@ void DrawAxes(Picture picture)
 }
 
 /// Rows stand one over the other, column by column.
-void DrawStraightNest(Picture picture, Flag marker)
+void DrawStraightNest(Picture picture, const PartStrokes& part)
 {
     const double stepX = AppState.PartSizeX + AppState.GapX;
     const double stepY = AppState.PartSizeY + AppState.GapY;
@@ -56,14 +56,14 @@ void DrawStraightNest(Picture picture, Flag marker)
             if (--left < 0) {
                 return;
             }
-            DrawPart(picture, i * stepX + AppState.GapX / 2, j * stepY + AppState.GapY / 2, marker);
+            DrawStrokes(picture, part, i * stepX + AppState.GapX / 2, j * stepY + AppState.GapY / 2);
         }
     }
 }
 
 /// Every second row is shifted by half a step; one row more than counted is tried. Row pitch and limits are those of
 /// the picture: the program has its own.
-void DrawStaggeredNest(Picture picture, Flag marker)
+void DrawStaggeredNest(Picture picture, const PartStrokes& part)
 {
     const double stepX = AppState.PartSizeX + AppState.GapX;
     const double rowHeight = AppState.PartSizeY * Stagger;
@@ -79,7 +79,7 @@ void DrawStaggeredNest(Picture picture, Flag marker)
             }
             const double x = i * stepX + AppState.GapX / 2 + shift;
             if (x + AppState.PartSizeX <= limitX && y + rowHeight <= limitY) {
-                DrawPart(picture, x, y, marker);
+                DrawStrokes(picture, part, x, y);
             }
         }
     }
@@ -96,9 +96,9 @@ void DrawContent(Picture picture, Flag axes, Flag marker)
         }
         DrawPart(picture, 0.0, 0.0, marker);
     } else if (AppState.NestKind < FirstStaggeredType) {
-        DrawStraightNest(picture, marker);
+        DrawStraightNest(picture, CollectPart(marker));
     } else {
-        DrawStaggeredNest(picture, marker);
+        DrawStaggeredNest(picture, CollectPart(marker));
     }
 }
 } // namespace
@@ -174,4 +174,14 @@ void DrawZoomFrame(Picture picture, double factor)
                ToSurface(y + reachY));
     DrawLine(picture, x, AppState.ViewTop, x, AppState.ViewTop + AppState.ViewHeight);
     DrawLine(picture, AppState.ViewLeft, y, AppState.ViewLeft + AppState.ViewWidth, y);
+}
+
+void DrawRubberLine(Picture picture)
+{
+    if (AppState.MeasureLastX == AppState.MeasureStartX && AppState.MeasureLastY == AppState.MeasureStartY) {
+        return;
+    }
+    SurfaceSetPen(picture, {ColourGreen, 1, false, true});
+    DrawLine(picture, AppState.MeasureStartX, AppState.MeasureStartY, AppState.MeasureLastX,
+             AppState.MeasureLastY);
 }

@@ -5,6 +5,7 @@
 #include "profile/ProfileSlots.h"
 #include "profile/Strokes.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -21,22 +22,90 @@ double InFullTurn(double angle)
     return rest < 0.0 ? rest + 2 * Pi : rest;
 }
 
-void DrawElement(Picture picture, const ProfileElement& element, double x, double y)
+PartStroke LineStroke(double x1, double y1, double x2, double y2)
 {
-    if (element.Kind == KindLine) {
-        DrawLine(picture, x + element.StartX, y + element.StartY, x + element.EndX, y + element.EndY);
-    } else if (element.Kind == KindArc) {
-        DrawArc(picture, x + element.GeoA, y + element.GeoB, x + element.StartX, y + element.StartY,
-                x + element.EndX, y + element.EndY, element.GeoC);
+    return {{}, StrokeKind::Line, 0.0F, 0.0F, x1, y1, x2, y2};
+}
+
+/// Angles that 32-bit floats can't tell apart would be taken for a full turn: so little of an arc is its chord.
+PartStroke ArcStroke(double centreX, double centreY, double startX, double startY, double endX, double endY,
+                     double r)
+{
+    PartStroke stroke{{}, StrokeKind::Circle, 0.0F, 0.0F, centreX, centreY, std::fabs(r), 0.0};
+    if (dpp(startX, startY, endX, endY) < Tolerance) {
+        return stroke;
+    }
+    double from = InFullTurn(angolo(startY - centreY, startX - centreX));
+    double to = InFullTurn(angolo(endY - centreY, endX - centreX));
+    if (!(r > 0.0)) {
+        SwapValues(from, to);
+    }
+    stroke.From = ToSurface(from);
+    stroke.To = ToSurface(to);
+    if (stroke.From != stroke.To) {
+        stroke.Kind = StrokeKind::Arc;
+    } else if (to >= from) { // else almost a full turn
+        return LineStroke(startX, startY, endX, endY);
+    }
+    return stroke;
+}
+
+/// A stroke without its pen.
+void DrawStroke(Picture picture, const PartStroke& stroke, double x, double y)
+{
+    switch (stroke.Kind) {
+    case StrokeKind::Line:
+        DrawLine(picture, x + stroke.X1, y + stroke.Y1, x + stroke.X2, y + stroke.Y2);
+        break;
+    case StrokeKind::Circle:
+        SurfaceCircle(picture, ToSurface(x + stroke.X1), ToSurface(y + stroke.Y1), ToSurface(stroke.X2));
+        break;
+    case StrokeKind::Arc:
+        SurfaceArc(picture, ToSurface(x + stroke.X1), ToSurface(y + stroke.Y1), ToSurface(stroke.X2),
+                   stroke.From, stroke.To);
+        break;
     }
 }
 
-void DrawCross(Picture picture, double x, double y)
+bool SamePen(const SurfacePen& a, const SurfacePen& b)
+{
+    return a.Rgb == b.Rgb && a.Width == b.Width && a.Dashed == b.Dashed && a.Inverting == b.Inverting;
+}
+
+void Add(PartStrokes& strokes, const SurfacePen& pen, PartStroke stroke)
+{
+    stroke.Pen = pen;
+    strokes.push_back(stroke);
+}
+
+void AddElementStroke(PartStrokes& strokes, const SurfacePen& pen, const ProfileElement& element)
+{
+    if (element.Kind == KindLine) {
+        Add(strokes, pen, LineStroke(element.StartX, element.StartY, element.EndX, element.EndY));
+    } else if (element.Kind == KindArc) {
+        Add(strokes, pen,
+            ArcStroke(element.GeoA, element.GeoB, element.StartX, element.StartY, element.EndX, element.EndY,
+                      element.GeoC));
+    }
+}
+
+void AddCross(PartStrokes& strokes, const SurfacePen& pen, const MarkPoint& point)
 {
     const double reachX = PixelsX(CrossPixels);
     const double reachY = PixelsY(CrossPixels);
-    DrawLine(picture, x - reachX, y, x + reachX, y);
-    DrawLine(picture, x, y - reachY, x, y + reachY);
+    Add(strokes, pen, LineStroke(point.X - reachX, point.Y, point.X + reachX, point.Y));
+    Add(strokes, pen, LineStroke(point.X, point.Y - reachY, point.X, point.Y + reachY));
+}
+
+void AddArrow(PartStrokes& strokes, const SurfacePen& pen, double x1, double y1, double x2, double y2)
+{
+    Add(strokes, pen, LineStroke(x1, y1, x2, y2));
+    const double back = angolo(y1 - y2, x1 - x2);
+    const double barb = PixelsX(BarbPixels);
+    for (const double turn : {BarbAngle, -BarbAngle}) {
+        Add(strokes, pen,
+            LineStroke(x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn)));
+    }
 }
 
 bool IsMove(const CutMove& record)
@@ -116,83 +185,89 @@ std::int32_t ProfileOf(std::int32_t slot)
     return profile;
 }
 
-/// The marker itself, for callers that know the profile: thin, in the colour of its contour.
-void DrawMarker(Picture picture, std::int32_t slot, std::int32_t profile, double x, double y)
+/// Reach of the markers, 0 where none are drawn.
+double MarkerReach()
 {
-    if (AppState.ScreenState == ScreenParameters || slot < 1 || slot >= AppState.ElementCount ||
+    if (AppState.ScreenState == ScreenParameters) {
+        return 0.0;
+    }
+    return PixelsY(std::fabs(TextToNumber(ReadConfig("CONFIG", "KERFPOSDRAW", "5"))));
+}
+
+/// The marker itself, for callers that know the profile: thin, in the colour of its contour.
+void AddMarker(PartStrokes& strokes, std::int32_t slot, std::int32_t profile, double reach)
+{
+    if (!(reach > 0.0) || slot < 1 || slot >= AppState.ElementCount ||
         static_cast<std::size_t>(profile) >= AppState.ProfileTable.size()) {
         return;
     }
-    const double reach = PixelsY(std::fabs(TextToNumber(ReadConfig("CONFIG", "KERFPOSDRAW", "5"))));
-    if (!(reach > 0.0)) {
-        return;
-    }
-    const std::uint32_t colour = profile == AppState.CurrentProfile ? ColourRed : ColourBlack;
+    const SurfacePen pen{profile == AppState.CurrentProfile ? ColourRed : ColourBlack, 1, false, false};
     const MarkerFoot foot = FootOn(ElementAt(slot), ElementAt(slot + 1), reach);
     const double normal = foot.Direction + Pi / 2 * RecordAt(profile).Side;
-    const double tipX = x + foot.X + reach * std::cos(normal);
-    const double tipY = y + foot.Y + reach * std::sin(normal);
-    SurfaceSetPen(picture, {colour, 1, false, false});
-    DrawLine(picture, x + foot.X, y + foot.Y, tipX, tipY);
+    const double tipX = foot.X + reach * std::cos(normal);
+    const double tipY = foot.Y + reach * std::sin(normal);
+    Add(strokes, pen, LineStroke(foot.X, foot.Y, tipX, tipY));
     const double length = PixelsX(ArrowPixels);
-    DrawArrow(picture, tipX, tipY, tipX + length * std::cos(foot.Direction),
-              tipY + length * std::sin(foot.Direction), colour);
+    AddArrow(strokes, pen, tipX, tipY, tipX + length * std::cos(foot.Direction),
+             tipY + length * std::sin(foot.Direction));
 }
 } // namespace
 
-void DrawPart(Picture picture, double x, double y, Flag marker)
+PartStrokes CollectPart(Flag marker)
 {
+    PartStrokes strokes;
+    const double reach = marker != FlagOff ? MarkerReach() : 0.0;
+    SurfacePen pen{ColourBlack, 1, false, false};
     std::int32_t profile = 1;
     bool first = true;
     for (std::int32_t slot = 1; slot <= AppState.ElementCount; ++slot) {
         const ProfileElement& element = ElementAt(slot);
         const bool current = AppState.CurrentProfile == profile;
-        SurfaceSetPen(picture, {current ? ColourRed : ColourBlack,
-                                current ? CurrentProfileWidth : std::int16_t{1}, false, false});
-        DrawElement(picture, element, x, y);
+        pen.Rgb = current ? ColourRed : ColourBlack;
+        pen.Width = current ? CurrentProfileWidth : std::int16_t{1};
+        AddElementStroke(strokes, pen, element);
         if (IsEndMark(element.Kind)) {
             ++profile;
             first = true;
         } else if (first) {
-            if (marker != 0) {
-                DrawMarker(picture, slot, profile, x, y);
-            }
+            AddMarker(strokes, slot, profile, reach);
             first = false;
         }
     }
     for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {
-        const MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
-        DrawCross(picture, x + point.X, y + point.Y);
+        AddCross(strokes, pen, AppState.MarkPoints[static_cast<std::size_t>(i)]);
     }
+    return strokes;
+}
+
+void DrawStrokes(Picture picture, const PartStrokes& strokes, double x, double y)
+{
+    const PartStroke* before = nullptr;
+    for (const PartStroke& stroke : strokes) {
+        if (before == nullptr || !SamePen(before->Pen, stroke.Pen)) {
+            SurfaceSetPen(picture, stroke.Pen);
+        }
+        DrawStroke(picture, stroke, x, y);
+        before = &stroke;
+    }
+}
+
+void DrawPart(Picture picture, double x, double y, Flag marker)
+{
+    DrawStrokes(picture, CollectPart(marker), x, y);
 }
 
 void DrawArc(Picture picture, double centreX, double centreY, double startX, double startY, double endX,
              double endY, double r)
 {
-    const float cx = ToSurface(centreX);
-    const float cy = ToSurface(centreY);
-    const float radius = ToSurface(std::fabs(r));
-    if (dpp(startX, startY, endX, endY) < Tolerance) {
-        SurfaceCircle(picture, cx, cy, radius);
-        return;
-    }
-    double from = InFullTurn(angolo(startY - centreY, startX - centreX));
-    double to = InFullTurn(angolo(endY - centreY, endX - centreX));
-    if (!(r > 0.0)) {
-        SwapValues(from, to);
-    }
-    SurfaceArc(picture, cx, cy, radius, ToSurface(from), ToSurface(to));
+    DrawStroke(picture, ArcStroke(centreX, centreY, startX, startY, endX, endY, r), 0.0, 0.0);
 }
 
 void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb)
 {
-    SurfaceSetPen(picture, {rgb, 1, false, false});
-    DrawLine(picture, x1, y1, x2, y2);
-    const double back = angolo(y1 - y2, x1 - x2);
-    const double barb = PixelsX(BarbPixels);
-    for (const double turn : {BarbAngle, -BarbAngle}) {
-        DrawLine(picture, x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn));
-    }
+    PartStrokes strokes;
+    AddArrow(strokes, {rgb, 1, false, false}, x1, y1, x2, y2);
+    DrawStrokes(picture, strokes, 0.0, 0.0);
 }
 
 void DrawMoveStep(MoveStep mode, Picture picture, const CutMove& move, const CutMove& next, double x,
@@ -209,22 +284,38 @@ void DrawMoveStep(MoveStep mode, Picture picture, const CutMove& move, const Cut
     AppState.PenY = y + next.Y;
 }
 
-void DrawMoves(Picture picture, double x, double y, std::int16_t width)
+void CollectLeads(PartLeads& leads)
+{
+    leads.resize(static_cast<std::size_t>(std::max(AppState.ProfileCount, std::int32_t{0})));
+    std::int32_t profile = 1;
+    for (ProfileLeads& lead : leads) {
+        BuildLeads(lead.Records, profile++);
+    }
+}
+
+void DrawLeads(Picture picture, const PartLeads& leads, double x, double y, std::int16_t width)
 {
     for (std::int32_t i = 1; i <= AppState.MarkPointCount; ++i) {
         const MarkPoint& point = AppState.MarkPoints[static_cast<std::size_t>(i)];
         RapidTo(picture, x + point.X, y + point.Y);
     }
-    for (std::int32_t profile = 1; profile <= AppState.ProfileCount; ++profile) {
-        LeadRecordArray leads;
-        BuildLeads(leads, profile);
-        RapidTo(picture, x + leads[1].X, y + leads[1].Y);
-        DrawLead(MoveStep::LeadIn, picture, leads, 1, x, y, width);
-        DrawLead(MoveStep::LeadOut, picture, leads, 4, x, y, width);
+    for (const ProfileLeads& lead : leads) {
+        RapidTo(picture, x + lead.Records[1].X, y + lead.Records[1].Y);
+        DrawLead(MoveStep::LeadIn, picture, lead.Records, 1, x, y, width);
+        DrawLead(MoveStep::LeadOut, picture, lead.Records, 4, x, y, width);
     }
+}
+
+void DrawMoves(Picture picture, double x, double y, std::int16_t width)
+{
+    PartLeads leads;
+    CollectLeads(leads);
+    DrawLeads(picture, leads, x, y, width);
 }
 
 void DrawKerfMarker(Picture picture, std::int32_t slot, double x, double y)
 {
-    DrawMarker(picture, slot, ProfileOf(slot), x, y);
+    PartStrokes strokes;
+    AddMarker(strokes, slot, ProfileOf(slot), MarkerReach());
+    DrawStrokes(picture, strokes, x, y);
 }

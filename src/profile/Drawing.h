@@ -2,7 +2,37 @@
 #pragma once
 
 #include "platform/Surface.h"
+#include "profile/Korvanta_ProfileCut.h"
 #include "state/AppState.h"
+
+#include <cstdint>
+#include <vector>
+
+enum class StrokeKind : std::int16_t {
+    Line,   ///< (X1, Y1) to (X2, Y2)
+    Circle, ///< about (X1, Y1), X2 the radius
+    Arc     ///< the same from the angle From to To
+};
+
+/// One stroke of a part that stands at (0, 0), as the surface takes it but for the place of the copy.
+struct PartStroke {
+    SurfacePen Pen;
+    StrokeKind Kind = StrokeKind::Line;
+    float From = 0.0F; ///< radians
+    float To = 0.0F;
+    double X1 = 0.0;
+    double Y1 = 0.0;
+    double X2 = 0.0;
+    double Y2 = 0.0;
+};
+
+using PartStrokes = std::vector<PartStroke>;
+
+/// What DrawPart draws, for any number of copies. Reads KERFPOSDRAW for a part with markers.
+PartStrokes CollectPart(Flag marker);
+
+/// Strokes with the copy at (x, y). The pen is set where it changes.
+void DrawStrokes(Picture picture, const PartStrokes& strokes, double x, double y);
 
 /// Contours of the part at (x, y), the current profile red and thick, then a cross at each mark point. With `marker` each
 /// profile gets its kerf marker.
@@ -32,6 +62,18 @@ void DrawMoveStep(MoveStep mode, Picture picture, const CutMove& move, const Cut
 /// The overlay of the cut for one copy at (x, y): rapid lines, lead-ins and lead-outs, `width` pixels wide. Starts at PenX,
 /// PenY and leaves them where the cut ends. Finds the lead points, as BuildLeads does.
 void DrawMoves(Picture picture, double x, double y, std::int16_t width);
+
+/// The leads of one profile, and those of all.
+struct ProfileLeads {
+    LeadRecordArray Records;
+};
+using PartLeads = std::vector<ProfileLeads>;
+
+/// BuildLeads for each profile.
+void CollectLeads(PartLeads& leads);
+
+/// What DrawMoves draws, with leads that were found before.
+void DrawLeads(Picture picture, const PartLeads& leads, double x, double y, std::int16_t width);
 
 /// The marker of compensation side and direction on the element `slot`, in the colour of its profile; nothing on the
 /// Parameters screen. Reads KERFPOSDRAW.

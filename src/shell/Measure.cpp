@@ -2,6 +2,7 @@
 
 #include "config/Korvanta_Utility.h"
 #include "geometry/Orbalib.h"
+#include "nesting/Korvanta_CutTecnology.h"
 #include "profile/Strokes.h"
 
 #include <algorithm>
@@ -14,17 +15,6 @@ double Usable(double value)
 {
     constexpr double Beyond = 1e15;
     return value >= -Beyond ? std::min(value, Beyond) : -Beyond;
-}
-
-/// Drawn a second time it is gone. A line without length leaves no stroke, drawn or erased.
-void DrawRubberLine(Picture picture)
-{
-    if (AppState.MeasureLastX == AppState.MeasureStartX && AppState.MeasureLastY == AppState.MeasureStartY) {
-        return;
-    }
-    SurfaceSetPen(picture, {ColourGreen, 1, false, true});
-    DrawLine(picture, AppState.MeasureStartX, AppState.MeasureStartY, AppState.MeasureLastX,
-             AppState.MeasureLastY);
 }
 } // namespace
 

@@ -126,8 +126,7 @@ void EndNestingEntry(std::int16_t index)
     if (AppState.SheetFieldChanged != FlagOff) {
         Yield();
     }
-    ApplyChanges(index);
-    RedrawScreen(FlagOn);
+    RedrawScreen(ToFlag(ApplyChanges(index))); // the view of a nest that stays is left as it is
 }
 
 std::int16_t NextField(std::int16_t index, std::int16_t fieldCount)

@@ -42,6 +42,13 @@ void ShowImportFailure()
     ShowBox(MessageText(34), MessageText(38), "", false, result);
 }
 
+/// What stood on the picture of another screen isn't on this one's.
+void StartPicture()
+{
+    AppState.ZoomFrame = 0.0;
+    AppState.MeasureOn = FlagOff;
+}
+
 /// A new part begins with its first profile, whatever the field shows of the part before it.
 void SelectFirstProfile()
 {
@@ -172,7 +179,7 @@ void EnterParametersScreen()
 void EnterCuttingScreen(bool rebuild)
 {
     AppState.ScreenState = ScreenCutting;
-    AppState.ZoomFrame = 0.0;
+    StartPicture();
     ShowCamTabs();
     RefreshKeyBar();
     if (rebuild && !PreparePart()) {
@@ -189,7 +196,7 @@ void EnterCuttingScreen(bool rebuild)
 void EnterNestingScreen()
 {
     AppState.ScreenState = ScreenNesting;
-    AppState.ZoomFrame = 0.0;
+    StartPicture();
     ShowCamTabs();
     RefreshKeyBar();
     RunNesting();

@@ -283,6 +283,27 @@ TEST_F(Scene, CurrentProfileIsRedInEachCopy)
     }
 }
 
+TEST_F(Scene, EachCopyHasItsMarkersWhenTheyAreAskedFor)
+{
+    MakeLine(40, 0);
+    SetNest("100", "30", "10", "1"); // 2 columns of 50; 105 by 78.75 on 640 by 480
+    WriteConfig("CONFIG", "KERFPOSDRAW", "4");
+    for (const char* type : {"1", "3"}) {
+        AppState.TextNesting[FieldNestType].Text = type;
+        TakeStrokes();
+        DrawScene(Picture::Nesting, FlagOn, FlagOn, FlagOff);
+        const std::size_t copies = TakeStrokesLike("line").size();
+        EXPECT_GE(copies, 2U) << type;
+        DrawScene(Picture::Nesting, FlagOn, FlagOn, FlagOn);
+        EXPECT_EQ(TakeStrokesLike("line").size(), 5 * copies)
+            << type << ": a foot and an arrow of three lines each";
+        WriteConfig("CONFIG", "KERFPOSDRAW", "0"); // the setting as it is at that moment
+        DrawScene(Picture::Nesting, FlagOn, FlagOn, FlagOn);
+        EXPECT_EQ(TakeStrokesLike("line").size(), copies) << type;
+        WriteConfig("CONFIG", "KERFPOSDRAW", "4");
+    }
+}
+
 TEST_F(Scene, PreviewOfSaveModeShowsTheNest)
 {
     MakeLine(40, 20);
@@ -379,6 +400,37 @@ TEST_F(Scene, CuttingScreenCountsOneCopyAtItsCorner)
     EXPECT_TRUE(texts[6].ends_with("'Piercing: 1; Cutting (mm): 44.72' #000000")) << texts[6];
 }
 
+/// A staggered nest of the part before must neither double the part on the Cutting screen nor take it away.
+TEST_F(Scene, CuttingScreenShowsOneCopyWhateverTheNestWas)
+{
+    AppState.ScreenState = ScreenCutting;
+    MakeLine(40, 20);
+    for (const std::int16_t kind :
+         {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{3}, std::int16_t{4}}) {
+        for (const char* sheet : {"0", "1000"}) {
+            AppState.NestKind = kind;
+            SetNest(sheet, sheet, "10", "1");
+            AppState.ProfileTable[1].LeadElement = 0;
+            TakeStrokes();
+            RedrawScene(FlagOn);
+            EXPECT_EQ(AppState.CopiesDrawn, 1) << kind << " on " << sheet;
+            EXPECT_EQ(AppState.ProfileTable[1].LeadElement, 1)
+                << "the key for the next element counts from it";
+            std::vector<std::string> rapids;
+            for (const std::string& line : TakeStrokesLike("line")) {
+                if (line.ends_with("dashed")) {
+                    rapids.push_back(line);
+                }
+            }
+            EXPECT_THAT(rapids, ElementsAre("line 0 0 0 0 #800080 1 dashed")) << kind << " on " << sheet;
+            Drawn.Shown = false;
+            RedrawScene(FlagOn);
+            EXPECT_EQ(AppState.CopiesDrawn, 1) << kind << " on " << sheet << ", unseen";
+            Drawn.Shown = true;
+        }
+    }
+}
+
 TEST_F(Scene, NoStatisticsOnTheParametersScreen)
 {
     MakeLine(40, 20);
@@ -406,6 +458,28 @@ TEST_F(Scene, OriginMarkStandsAtTheCellOrTheCursor)
     strokes = TakeStrokes();
     EXPECT_EQ(strokes[0], "line 100 53 140 53 #0000ff 1");
     EXPECT_EQ(strokes[3], "line 105 48 105 88 #0000ff 1");
+}
+
+TEST_F(Scene, RedrawBringsTheRubberLineBack)
+{
+    MakeLine(40, 20);
+    SetNest("100", "60", "10", "1");
+    AppState.MeasureOn = FlagOn;
+    AppState.MeasureStartX = 1;
+    AppState.MeasureStartY = 2;
+    AppState.MeasureLastX = 30;
+    AppState.MeasureLastY = 40;
+    RedrawScene(FlagOn);
+    EXPECT_EQ(TakeStrokes().back(), "line 1 2 30 40 #00ff00 1 inverting");
+    AppState.SaveMode = FlagOn;
+    AppState.ScreenState = ScreenInput;
+    RedrawScene(FlagOn);
+    EXPECT_FALSE(TakeStrokes().back().ends_with("inverting")) << "nothing is measured in the preview";
+    AppState.SaveMode = FlagOff;
+    AppState.ScreenState = ScreenNesting;
+    AppState.MeasureOn = FlagOff;
+    RedrawScene(FlagOn);
+    EXPECT_FALSE(TakeStrokes().back().ends_with("inverting"));
 }
 
 TEST_F(Scene, ZoomFrameIsInvertingAboutTheCentre)

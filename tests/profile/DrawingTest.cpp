@@ -77,6 +77,19 @@ TEST_F(Drawing, ArcsRunCounterClockwiseOnTheSurface)
     }
 }
 
+/// The two ends of a short arc of an enormous circle have one angle in 32 bits, which would be a full turn.
+TEST_F(Drawing, ArcTooShortForItsAnglesIsAChord)
+{
+    // About (0, 0), at 180 degrees: 0.02 up is 2e-7 in angle, and floats there are 2.4e-7 apart.
+    DrawArc(Picture::Tecno, 0, 0, -1e5, 0.001, -1e5, -0.019, 1e5);
+    EXPECT_THAT(TakeStrokes(), ElementsAre("line -100000 0.001 -100000 -0.019 #000000 1"));
+    DrawArc(Picture::Tecno, 0, 0, -1e5, -0.019, -1e5, 0.001, -1e5);
+    EXPECT_THAT(TakeStrokes(), ElementsAre("line -100000 -0.019 -100000 0.001 #000000 1"));
+    // The same ends the other way round are all of the circle but 0.02.
+    DrawArc(Picture::Tecno, 0, 0, -1e5, -0.019, -1e5, 0.001, 1e5);
+    EXPECT_THAT(TakeStrokes(), ElementsAre("circle 0 0 100000 #000000 1"));
+}
+
 TEST_F(Drawing, ArrowHasTwoBarbsAtItsEnd)
 {
     // 8 pixels at 16 degrees: 7.69009 back, 2.2051 beside the shaft.

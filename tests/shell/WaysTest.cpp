@@ -198,6 +198,38 @@ TEST_F(Ways, GoingBackKeepsTheLeadsAndTheChosenProfile)
     EXPECT_EQ(AppState.ProfileTable[2].LeadInLength, 7.0) << "an import isn't developed anew";
 }
 
+/// A new part after a staggered nest: its leads are there at once, and the key for the next element knows them.
+TEST_F(Ways, ANewPartAfterAStaggeredNestIsOneCopy)
+{
+    OpenPlate();
+    HoldConfigWrites();
+    NextCamTab();
+    NextCamTab();
+    SetText(AppState.TextNesting[FieldSheetX], "500");
+    SetText(AppState.TextNesting[FieldSheetY], "500");
+    SetText(AppState.TextNesting[FieldNestType], "3");
+    EXPECT_GT(AppState.CopiesDrawn, 4);
+    PreviousCamTab();
+    EXPECT_EQ(AppState.CopiesDrawn, 1) << "back on the Cutting screen";
+    EnterInputScreen();
+    ASSERT_TRUE(OpenImport(ImportKind::Program, "plate.iso"));
+    NextCamTab();
+    EXPECT_EQ(AppState.CopiesDrawn, 1) << "the sheet is 0 now";
+    EXPECT_GE(AppState.ProfileTable[2].LeadElement, 6) << "behind the four sides of the slot and their end";
+}
+
+TEST_F(Ways, AMeasurementEndsWithItsScreen)
+{
+    OpenPlate();
+    NextCamTab();
+    AppState.MeasureOn = FlagOn;
+    NextCamTab();
+    EXPECT_EQ(AppState.MeasureOn, FlagOff);
+    AppState.MeasureOn = FlagOn;
+    PreviousCamTab();
+    EXPECT_EQ(AppState.MeasureOn, FlagOff);
+}
+
 TEST_F(Ways, TheTabsGoRound)
 {
     OpenPlate();
