@@ -5,6 +5,7 @@
 #include "platform/Paths.h"
 #include "platform/Screen.h"
 #include "platform/TextFile.h"
+#include "shell/KeyCodes.h"
 #include "shell/MsgBox_Unicode.h"
 #include "state/AppState.h"
 
@@ -25,6 +26,11 @@ std::string ExitLogPath()
     return AppState.AppPath + "\\" + path;
 }
 } // namespace
+
+bool IsExitKey(std::int16_t keyCode)
+{
+    return keyCode == KeyEsc || (keyCode != 0 && keyCode == AppState.EscAlias);
+}
 
 void ExitProgram()
 {

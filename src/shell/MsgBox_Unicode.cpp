@@ -5,6 +5,7 @@
 #include "platform/Paths.h"
 #include "platform/Screen.h"
 #include "platform/TextFile.h"
+#include "shell/Exit.h"
 #include "shell/KeyCodes.h"
 #include "state/AppState.h"
 
@@ -252,7 +253,7 @@ bool BoxKey(std::int16_t keyCode, bool& result)
         result = false;
         return true;
     }
-    if (keyCode == KeyF10 || keyCode == KeyEsc || keyCode == AppState.EscAlias) {
+    if (keyCode == KeyF10 || IsExitKey(keyCode)) {
         result = true;
         return true;
     }

@@ -117,6 +117,9 @@ TEST_F(InputDialog, TheBoxClosesByItsKeys)
         EXPECT_EQ(BoxKey(c.Key, result), c.Closes) << c.Key;
         EXPECT_EQ(result, c.Closes ? c.Result : !c.Result) << c.Key;
     }
+    AppState.EscAlias = 0;
+    bool result = false;
+    EXPECT_FALSE(BoxKey(0, result)) << "a key without a code isn't the alias that is none";
 }
 
 TEST_F(InputDialog, TheBoxNamesItsKeys)
