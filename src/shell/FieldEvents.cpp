@@ -177,6 +177,14 @@ void FieldArrived(FieldArray fields, std::int16_t index)
     RefreshKeyBar();
 }
 
+void EnterField(FieldArray fields, std::int16_t index)
+{
+    FocusField(fields[static_cast<std::size_t>(index)]);
+    if (AppState.FocusedSet != SetOf(fields) || AppState.CurrentField != index) {
+        FieldArrived(fields, index);
+    }
+}
+
 void FieldGone(FieldArray fields, std::int16_t index)
 {
     const FieldSet set = SetOf(fields);

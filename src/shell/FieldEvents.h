@@ -8,6 +8,10 @@
 /// The focus arrived on field `index` of one of the three arrays.
 void FieldArrived(FieldArray fields, std::int16_t index);
 
+/// Gives the focus to field `index` of a screen that is being entered. Where the window takes the field for the one that
+/// had the focus all the time, and so reports nothing, the arrival runs all the same.
+void EnterField(FieldArray fields, std::int16_t index);
+
 /// The focus left the field. A field that was left already (LeaveFocusedField) isn't left twice.
 void FieldGone(FieldArray fields, std::int16_t index);
 

@@ -188,7 +188,8 @@ void Simulate(const KeyEvent&)
 {
     FocusField(AppState.TextNesting[FieldSimulation]);
     Yield();
-    if (AppState.SimRunning == FlagOff) {
+    const bool here = AppState.ScreenState == ScreenNesting; // no key has gone on meanwhile
+    if (here && AppState.SimRunning == FlagOff) {
         GenerateProgram("SIMULA");
     }
 }
@@ -297,7 +298,7 @@ void KeyDispatcher(std::int16_t keyCode, std::int16_t shift, FieldArray fields, 
     if (rows.empty()) {
         return;
     }
-    if (keyCode == KeyEsc || keyCode == AppState.EscAlias) {
+    if (IsExitKey(keyCode)) {
         ExitProgram();
         return;
     }

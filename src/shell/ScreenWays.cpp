@@ -8,6 +8,7 @@
 #include "profile/Korvanta_ProfileCut.h"
 #include "shapes/Korvanta_Develop.h"
 #include "shapes/Korvanta_Parameters.h"
+#include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
 #include "shell/KeyBar.h"
 #include "shell/Korvanta_Interface.h"
@@ -119,6 +120,9 @@ void EnterCamTab(std::int16_t tab)
     switch (tab) {
     case TabParameters:
         EnterParametersScreen();
+        if (AppState.ScreenState != ScreenParameters) {
+            return;
+        }
         if (AppState.ShapeId == 0) {
             DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
         }
@@ -168,8 +172,11 @@ void EnterParametersScreen()
     const std::string logo = AppState.AppPath + LogoName;
     AppState.LogoFile = FileExists(logo) ? logo : "";
     Yield();
+    if (AppState.ScreenState != ScreenParameters) {
+        return; // a key has gone on meanwhile
+    }
     if (AppState.ShapeId > 0) {
-        FocusField(AppState.ParamText[0]);
+        EnterField(AppState.ParamText, 0);
     } else {
         AppState.FieldMode = 0; // no field has the focus
     }
@@ -189,7 +196,7 @@ void EnterCuttingScreen(bool rebuild)
     ShowCamPanels(ScreenCutting);
     ShowProfileFields();
     RedrawScreen(FlagOn);
-    FocusField(AppState.TextCutting[FieldAngle]);
+    EnterField(AppState.TextCutting, FieldAngle);
     SetCamTabIcons();
 }
 
@@ -201,7 +208,7 @@ void EnterNestingScreen()
     RefreshKeyBar();
     RunNesting();
     ShowCamPanels(ScreenNesting);
-    FocusField(AppState.TextNesting[FieldSheetX]);
+    EnterField(AppState.TextNesting, FieldSheetX);
     SetCamTabIcons();
 }
 

@@ -132,7 +132,7 @@ TEST_F(Keys, F9LeavesTheProgramOrGoesBackToTheNest)
     EXPECT_EQ(AppState.PanelVisible[static_cast<std::size_t>(Panel::TabCam)], FlagOn);
     EXPECT_EQ(AppState.PanelVisible[static_cast<std::size_t>(Panel::TabInput)], FlagOff);
     EXPECT_EQ(Screen.Calls.front(), "focus TextFileName");
-    EXPECT_EQ(Screen.Calls.back(), "focus TextNesting 0");
+    EXPECT_EQ(LastFocus(), "focus TextNesting 0");
 }
 
 TEST_F(Keys, EnterAndF10OpenTheSelectedShape)
@@ -188,6 +188,28 @@ TEST_F(Keys, EscAndItsAliasEndTheProgramOnEveryScreen)
     EXPECT_FALSE(Exits(KeyEsc));
     EXPECT_TRUE(Exits(KeyEsc));
     EXPECT_THAT(Screen.Calls, Contains("box text 32|||two"));
+}
+
+TEST_F(Keys, AnAliasTakesItsKeyFromTheScreens)
+{
+    for (const std::int16_t alias : {KeyF10, KeyEnter, KeyF1, KeyD}) {
+        AppState.EscAlias = alias;
+        for (const std::int16_t screen : {ScreenInput, ScreenParameters, ScreenCutting, ScreenNesting}) {
+            AppState.ScreenState = screen;
+            EXPECT_TRUE(Exits(alias)) << alias << " on " << screen;
+        }
+    }
+}
+
+TEST_F(Keys, AnAliasThatIsNoNumberIsNoKey)
+{
+    AppState.EscAlias =
+        0; // what a setting without a number gives, and what the window sends for a key without a code
+    for (const std::int16_t screen : {ScreenInput, ScreenParameters, ScreenCutting, ScreenNesting}) {
+        AppState.ScreenState = screen;
+        EXPECT_FALSE(Exits(0)) << screen;
+    }
+    EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
 TEST_F(Keys, OtherKeysAndOtherScreensDoNothing)
@@ -262,7 +284,7 @@ TEST_F(Keys, AShapeThatCantBeBuiltStaysOnTheParametersScreen)
     KeyDispatcher(KeyF10, 0);
     EXPECT_EQ(AppState.ScreenState, ScreenParameters);
     EXPECT_EQ(AppState.CamTab, TabParameters);
-    EXPECT_EQ(Screen.Calls.back(), "focus ParamText 0");
+    EXPECT_EQ(LastFocus(), "focus ParamText 0");
 }
 
 TEST_F(Keys, F2JumpsBetweenZoomAndTheFirstField)
@@ -345,17 +367,17 @@ TEST_F(Keys, AClickIsTheKeyAndGivesTheFocusBack)
     AppState.Lists[TabRect].Selected = 0;
     ClickFunctionButton(2);
     EXPECT_EQ(SelectedRect(), 1);
-    EXPECT_EQ(Screen.Calls.back(), "focus list 1");
+    EXPECT_EQ(LastFocus(), "focus list 1");
     ClickFunctionButton(9);
     EXPECT_EQ(AppState.ShapeId, 1002);
-    EXPECT_EQ(Screen.Calls.back(), "focus ParamText 0");
+    EXPECT_EQ(LastFocus(), "focus ParamText 0");
     ClickFunctionButton(9);
     EXPECT_EQ(AppState.ScreenState, ScreenCutting);
-    EXPECT_EQ(Screen.Calls.back(), "focus TextCutting 0");
+    EXPECT_EQ(LastFocus(), "focus TextCutting 0");
     FieldArrived(AppState.TextCutting, FieldScale);
     ClickFunctionButton(2);
     EXPECT_EQ(AppState.TextCutting[FieldScale].Text, "2");
-    EXPECT_EQ(Screen.Calls.back(), "focus TextCutting 2");
+    EXPECT_EQ(LastFocus(), "focus TextCutting 2");
     EXPECT_EQ(AppState.ButtonPressed, FlagOff);
     TakeCalls();
     ClickFunctionButton(-1);
@@ -385,7 +407,7 @@ TEST_F(Keys, AClickOnF2AppliesTheZoomThatTheLostFocusDoesNot)
     TakeCalls();
     ClickFunctionButton(1);
     EXPECT_EQ(AppState.ViewWidth, width / 4);
-    EXPECT_EQ(Screen.Calls.back(), "focus TextCutting 0");
+    EXPECT_EQ(LastFocus(), "focus TextCutting 0");
     FieldArrived(AppState.TextCutting, FieldAngle);
     TakeCalls();
     ClickFunctionButton(1);

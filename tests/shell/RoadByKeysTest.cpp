@@ -3,12 +3,14 @@
 #include "post/Korvanta_PostProcessor.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputEvents.h"
+#include "shell/InputLists.h"
 #include "shell/KeyCodes.h"
 #include "shell/KeyDispatcher.h"
 #include "shell/ValueFields.h"
 #include "support/Station.h"
 
 #include <fstream>
+#include <functional>
 #include <set>
 #include <sstream>
 
@@ -78,6 +80,17 @@ protected:
         } else {
             ValueFieldKey(ArrayOf(*Focus), Focus->Index, keyCode, 0);
         }
+    }
+
+    /// From the list of rectangular shapes to the Parameters screen of the plate.
+    void OpenPlateByKeys() const
+    {
+        Press(KeyF2);
+        Press(KeyF2); // from the jobs around to the programs: EMPTY.ISO, PLATE.ISO
+        Press(KeyF5);
+        Press(KeyF10);
+        ASSERT_EQ(AppState.ScreenState, ScreenParameters);
+        ASSERT_EQ(AppState.ProfileCount, 2);
     }
 
     /// Types over the selected text of the field with the focus, character by character.
@@ -161,6 +174,108 @@ TEST_F(RoadByKeys, ALimitHoldsTheFocusOnTheFieldThatPassedIt)
     EXPECT_EQ(AppState.TextCutting[FieldLeadInA].Text, "999");
     EXPECT_EQ(AppState.TextCutting[FieldLeadInA].BackColor, 0xFFFF00);
     EXPECT_EQ(AppState.CurrentField, Focus->Index);
+}
+
+TEST_F(RoadByKeys, TheWayBackOfAnImportEndsOnAWorkingField)
+{
+    PlayWindow();
+    OpenPlateByKeys();
+    Press(KeyF10);
+    ASSERT_EQ(Focus, AppState.TextCutting.data());
+    Press(KeyF9); // no field has the focus there, and the window may take it for where it was
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::None);
+    Press(KeyF10);
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Cutting);
+    EXPECT_EQ(AppState.FieldMode, 2);
+    Press(KeyF3);
+    EXPECT_EQ(AppState.TextCutting[FieldAngle].Text, "1");
+}
+
+TEST_F(RoadByKeys, AClickOnTheTabThatIsShownLeavesItsFieldWorking)
+{
+    PlayWindow();
+    OpenPlateByKeys();
+    Press(KeyF10);
+    Press(KeyF10);
+    ASSERT_EQ(Focus, AppState.TextNesting.data());
+    Type("*2");
+    ClickCamTab(TabNesting);
+    EXPECT_EQ(AppState.TextNesting[FieldSheetX].Text, "220") << "2 cells of 100 + 10";
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Nesting);
+    Type("*3");
+    Press(KeyEnter);
+    EXPECT_EQ(AppState.TextNesting[FieldSheetX].Text, "330");
+    EXPECT_EQ(AppState.CountX, 3);
+}
+
+TEST_F(RoadByKeys, AShapeThatCantBeBuiltKeepsTheFocusOnItsParameters)
+{
+    PlayWindow();
+    for (int step = 1; step < 5; ++step) {
+        Press(KeyF3);
+    }
+    Press(KeyF10);
+    Type("0");
+    Press(KeyF10);
+    EXPECT_EQ(AppState.ScreenState, ScreenParameters);
+    EXPECT_EQ(Focus, AppState.ParamText.data());
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Param);
+}
+
+// --- keys that arrive while the window catches up -----------------------------------------------------------
+
+TEST_F(RoadByKeys, AKeyThatOvertakesTheParametersScreenWins)
+{
+    PlayWindow();
+    OpenPlateByKeys();
+    Press(KeyF10);
+    EnterInputScreen();
+    SelectInputTab(TabRect);
+    int yields = 0;
+    const std::function<void()> overtake = [&] {
+        // The reset of the fields may yield, too: the key comes once the Parameters screen is there.
+        if (AppState.ScreenState == ScreenParameters) {
+            ++yields;
+            KeyDispatcher(KeyF10, 0);
+        } else {
+            Screen.OnYield = overtake;
+        }
+    };
+    Screen.OnYield = overtake;
+    Press(KeyF10);
+    EXPECT_EQ(yields, 1);
+    EXPECT_EQ(AppState.ScreenState, ScreenCutting);
+    EXPECT_EQ(Focus, AppState.TextCutting.data());
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Cutting);
+    EXPECT_EQ(AppState.PreviousCamTab, TabCutting);
+}
+
+TEST_F(RoadByKeys, AKeyThatOvertakesTheQuestionForANameWins)
+{
+    PlayWindow();
+    OpenPlateByKeys();
+    Press(KeyF10);
+    Press(KeyF10);
+    Screen.OnYield = [] { KeyDispatcher(KeyF9, 0); };
+    Press(KeyF10);
+    EXPECT_EQ(AppState.ScreenState, ScreenNesting);
+    EXPECT_EQ(AppState.SaveMode, FlagOff);
+    EXPECT_EQ(Focus, AppState.TextNesting.data());
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Nesting);
+}
+
+TEST_F(RoadByKeys, AKeyThatOvertakesTheSimulationWins)
+{
+    PlayWindow();
+    OpenPlateByKeys();
+    Press(KeyF10);
+    Press(KeyF10);
+    AppState.KerfState = KerfRight; // any walk sets it anew
+    Screen.OnYield = [] { KeyDispatcher(KeyF9, 0); };
+    Press(KeyF8);
+    EXPECT_EQ(AppState.ScreenState, ScreenCutting);
+    EXPECT_EQ(Focus, AppState.TextCutting.data());
+    EXPECT_EQ(AppState.KerfState, KerfRight);
 }
 
 TEST_F(RoadByKeys, HammeredKeysBreakNothing)

@@ -145,7 +145,7 @@ TEST_F(Ways, TheCuttingScreenStartsANewPartAtItsFirstProfile)
     EXPECT_EQ(AppState.TextCutting[FieldLeadOutC].Text, "0");
     EXPECT_EQ(AppState.TextCutting[FieldMoveStep].Text, "10");
     EXPECT_NE(AppState.ProfileTable[2].Status, LeadUnset);
-    EXPECT_EQ(Screen.Calls.back(), "focus TextCutting 0");
+    EXPECT_EQ(LastFocus(), "focus TextCutting 0");
 }
 
 TEST_F(Ways, TheMoveStepOfANewPartIsShownEvenWithoutProfiles)
@@ -175,7 +175,7 @@ TEST_F(Ways, TheNestingScreenRaisesTheSheetToThePart)
     EXPECT_EQ(AppState.CountX, 1);
     EXPECT_EQ(AppState.GapX, 10.0);
     EXPECT_EQ(AppState.CurrentProfile, 0);
-    EXPECT_EQ(Screen.Calls.back(), "focus TextNesting 0");
+    EXPECT_EQ(LastFocus(), "focus TextNesting 0");
 }
 
 TEST_F(Ways, GoingBackKeepsTheLeadsAndTheChosenProfile)

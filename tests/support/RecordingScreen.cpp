@@ -4,6 +4,9 @@
 #include "state/AppState.h"
 #include "support/RecordingSurface.h"
 
+#include <algorithm>
+#include <utility>
+
 ScreenRecord Screen;
 
 void StartCase()
@@ -12,6 +15,13 @@ void StartCase()
     Drawn = SurfaceRecord();
     ResetAppState();
     ResetFields();
+}
+
+std::string LastFocus()
+{
+    const auto last = std::find_if(Screen.Calls.rbegin(), Screen.Calls.rend(),
+                                   [](const std::string& call) { return call.starts_with("focus "); });
+    return last == Screen.Calls.rend() ? "" : *last;
 }
 
 static std::string FieldName(const ValueField& field)
@@ -62,6 +72,11 @@ void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t l
 void Yield()
 {
     Screen.Calls.emplace_back("yield");
+    if (Screen.OnYield) {
+        const auto play = std::move(Screen.OnYield);
+        Screen.OnYield = nullptr;
+        play();
+    }
 }
 
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,

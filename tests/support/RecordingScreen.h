@@ -20,6 +20,7 @@ struct ScreenRecord {
     std::function<void()> InputDialog; ///< plays the operator of the input dialog
     std::function<void(const ValueField*)>
         OnFocus;                    ///< plays the window when a field, or a list (null), is focused
+    std::function<void()> OnYield;  ///< plays what arrives while the window catches up; once
     std::vector<TopWindow> Windows; ///< what stands on the desktop
     ListMetrics Metrics;            ///< layout of every list
     std::int32_t PictureWidth = 640;
@@ -27,6 +28,9 @@ struct ScreenRecord {
 };
 
 extern ScreenRecord Screen;
+
+/// The last call that gave the focus to a control.
+std::string LastFocus();
 
 /// Empties the record and AppState (fields as designed): the start of every case.
 void StartCase();
