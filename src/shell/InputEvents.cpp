@@ -2,6 +2,7 @@
 
 #include "config/Korvanta_Utility.h"
 #include "platform/Screen.h"
+#include "profile/Korvanta_Common.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
 #include "shell/InputScreen.h"
@@ -24,8 +25,12 @@ void ShowSign()
     AppState.FileNameImage = AppState.SaveMode != FlagOff ? "SaveFile" : "LoadFile";
 }
 
+/// Lists that are filled anew report indices of the items that were; those select nothing.
 void SelectItem(std::int16_t tab, std::int32_t index)
 {
+    if (index < 0 || static_cast<std::size_t>(index) >= List(tab).Items.size()) {
+        return;
+    }
     List(tab).Selected = index;
     const ListItem* item = SelectedItem(tab);
     if (tab == TabPrograms && item != nullptr) {
@@ -99,6 +104,9 @@ void FileNameEntered()
     AppState.PreviewNest = ToFlag(saving);
     SelectWholeText(AppState.TextFileName);
     RefreshKeyBar();
+    if (saving) {
+        RedrawScreen(FlagOn);
+    }
 }
 
 void FileNameLeft()
@@ -141,9 +149,7 @@ void ListClicked(std::int16_t tab, std::int32_t index)
         }
         return;
     }
-    if (index >= 0) {
-        SelectItem(tab, index);
-    }
+    SelectItem(tab, index);
 }
 
 void ListSelectionMoved(std::int16_t tab, std::int32_t index)

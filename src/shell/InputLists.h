@@ -13,7 +13,7 @@
 void FillFileList(std::int16_t list, const std::string& folder, std::string_view extension, ImageRef icon,
                   std::int32_t color, bool stripExtension, std::string_view filter, bool clearFirst);
 
-/// The jobs that begin with `filter`.
+/// The jobs that begin with `filter`. The preview is that of the selected one; a nest that is about to be saved stays in it.
 void FillJobList(const std::string& filter);
 
 void FillDxfList();

@@ -13,6 +13,8 @@
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 
+#include <string_view>
+
 namespace
 {
 constexpr int MessageJobExists = 3;
@@ -22,6 +24,17 @@ constexpr int MessageDelete = 37;
 std::string JobPath(const std::string& baseName)
 {
     return AppState.NestingPath + baseName + ".nst";
+}
+
+/// The longest name of a file, and what stands behind that of a program while it is written.
+constexpr std::size_t LongestFileName = 255;
+constexpr std::string_view UnfinishedEnding = ".part";
+
+/// A name that no file can have isn't worth a fault: the operator is asked again, and the nest is still there.
+bool CanNameFiles(const std::string& baseName)
+{
+    return !Trim(baseName).empty() &&
+           ProgramFileName(baseName).size() + UnfinishedEnding.size() <= LongestFileName;
 }
 
 bool ConfirmOverwrite(const std::string& name)
@@ -80,6 +93,9 @@ void EnterSaveMode()
     RefreshKeyBar();
     AppState.SaveMode = FlagOn;
     Yield();
+    if (AppState.SaveMode == FlagOff) {
+        return; // a key has gone back to the nest meanwhile
+    }
     SetText(AppState.TextFileName, UpperCase(BaseName(AppState.JobName, ".")));
     FocusField(AppState.TextFileName);
 }
@@ -96,7 +112,7 @@ void SaveCurrentJob()
 {
     AppState.JobName = UpperCase(AppState.TextFileName.Text);
     const std::string baseName = BaseName(AppState.JobName, ".");
-    if (baseName.empty()) {
+    if (!CanNameFiles(baseName)) {
         FocusField(AppState.TextFileName);
         return;
     }

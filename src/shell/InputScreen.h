@@ -14,7 +14,8 @@ void EnterSaveMode();
 void LeaveSaveMode();
 
 /// Saves under the name in TextFileName, after a question when a job of that name exists; then ends the process when
-/// ExitAfterSave asks for it. Without a name nothing is saved. A program that can't be written is a RunTimeFault.
+/// ExitAfterSave asks for it. Without a name, or with one too long for a file,
+/// nothing is saved. A program that can't be written is a RunTimeFault.
 void SaveCurrentJob();
 
 /// Deletes a job with its companions and its NC program, after a question. A job that doesn't exist is none.

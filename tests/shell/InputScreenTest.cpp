@@ -8,6 +8,7 @@
 #include "shell/KeyCodes.h"
 #include "shell/KeyDispatcher.h"
 #include "shell/ValueFields.h"
+#include "support/RecordingSurface.h"
 #include "support/Station.h"
 
 #include <gmock/gmock.h>
@@ -122,6 +123,26 @@ TEST_F(InputScreen, AsksForTheNameOfTheNest)
     EXPECT_EQ(AppState.KeyBar[8], (ImageRef{ImageList::InputState0, 11}));
 }
 
+TEST_F(InputScreen, TheNestIsDrawnBesideTheNameItIsSavedUnder)
+{
+    OpenPlate(2);
+    SetText(AppState.TextNesting[FieldSheetX], "330");
+    RunNesting();
+    EnterSaveMode();
+    Drawn.Shown = true;
+    TakeStrokes();
+    FileNameEntered();
+    ASSERT_FALSE(Drawn.Pictures.empty());
+    EXPECT_EQ(Drawn.Pictures.front(), Picture::Preview);
+    EXPECT_EQ(TakeStrokesLike("fill").size(), 2U) << "the sheet with its shadow";
+    EXPECT_EQ(AppState.CountX, 3);
+    LeaveSaveMode();
+    EnterInputScreen();
+    TakeStrokes();
+    FileNameEntered();
+    EXPECT_THAT(TakeStrokes(), IsEmpty()) << "there is no nest to save";
+}
+
 TEST_F(InputScreen, SavesTheProgramOfTheWholeNest)
 {
     OpenPlate(2);
@@ -164,7 +185,7 @@ TEST_F(InputScreen, AsksBeforeAJobIsOverwritten)
 TEST_F(InputScreen, WithoutANameNothingIsSaved)
 {
     OpenPlate(2);
-    for (const char* name : {"", ".", ".nst"}) {
+    for (const char* name : {"", ".", ".nst", " ", "  .nst"}) {
         EnterSaveMode();
         SetText(AppState.TextFileName, name);
         TakeCalls();
@@ -172,6 +193,47 @@ TEST_F(InputScreen, WithoutANameNothingIsSaved)
         EXPECT_THAT(TakeCalls(), ElementsAre("focus TextFileName")) << name;
         EXPECT_EQ(AppState.SaveMode, FlagOn);
     }
+}
+
+TEST_F(InputScreen, SavesUnderAnyNameThatAFileCanHave)
+{
+    OpenPlate(2);
+    const std::string umlauts = "Gr\xC3\xB6\xC3\x9F"
+                                "e 2";
+    for (const auto& [name, file] : {std::pair{std::string(200, 'n'), std::string(200, 'N')},
+                                     std::pair{umlauts, std::string("GR\xC3\xB6\xC3\x9F"
+                                                                    "E 2")},
+                                     std::pair{std::string("\xE6\x9D\xBF"), std::string("\xE6\x9D\xBF")},
+                                     std::pair{std::string("a.b"), std::string("A")}}) {
+        EnterCamTab(TabNesting);
+        EnterSaveMode();
+        SetText(AppState.TextFileName, name);
+        KeyDispatcher(KeyEnter, 0);
+        EXPECT_TRUE(Station.Holds("NC/" + file + ".nc")) << name;
+        EXPECT_EQ(AppState.SaveMode, FlagOff) << name;
+    }
+}
+
+TEST_F(InputScreen, ANameTooLongForAFileIsAskedForAgain)
+{
+    OpenPlate(2);
+    std::string chinese; // 200 characters of three bytes
+    for (int i = 0; i < 200; ++i) {
+        chinese += "\xE6\x9D\xBF";
+    }
+    // While it is written a program is called name + ".nc.part", and a name has 255 bytes at most.
+    for (const std::string& name : {chinese, std::string(248, 'n'), std::string(5000, 'n')}) {
+        EnterSaveMode();
+        SetText(AppState.TextFileName, name);
+        TakeCalls();
+        KeyDispatcher(KeyF10, 0);
+        EXPECT_THAT(TakeCalls(), ElementsAre("focus TextFileName"));
+        EXPECT_EQ(AppState.SaveMode, FlagOn) << "the nest isn't lost";
+    }
+    SetText(AppState.TextFileName, std::string(247, 'n'));
+    KeyDispatcher(KeyF10, 0);
+    EXPECT_EQ(AppState.SaveMode, FlagOff);
+    EXPECT_TRUE(Station.Holds("NC/" + std::string(247, 'N') + ".nc"));
 }
 
 TEST_F(InputScreen, EndsAfterASaveWhenItIsSetSo)
@@ -355,6 +417,48 @@ TEST_F(InputScreen, TheJobListFollowsTheMouseAndTheKeys)
     ListKey(TabPrograms, KeySpace, 0);
     EXPECT_EQ(AppState.TextFileName.Text, "CAP");
     EXPECT_THAT(Texts(TabPrograms), ElementsAre("CAP"));
+}
+
+TEST_F(InputScreen, ThePreviewIsThatOfTheSelectedJob)
+{
+    WriteJobs({"arm", "armour", "bolt"});
+    SelectInputTab(TabPrograms);
+    EXPECT_EQ(AppState.PreviewJob, "ARM");
+    ListClicked(TabPrograms, 2);
+    EXPECT_EQ(AppState.PreviewJob, "BOLT");
+    SetText(AppState.TextFileName, "armo");
+    EXPECT_EQ(AppState.PreviewJob, "ARMOUR") << "the typed name has left another job";
+    SetText(AppState.TextFileName, "armx");
+    EXPECT_EQ(AppState.PreviewJob, "");
+    SetText(AppState.TextFileName, "");
+    DeleteJob("ARM");
+    EXPECT_EQ(AppState.PreviewJob, "ARMOUR");
+    DeleteJob("ARMOUR");
+    DeleteJob("BOLT");
+    EXPECT_EQ(AppState.PreviewJob, "") << "nothing of a deleted job stays";
+}
+
+TEST_F(InputScreen, TheNestStaysInThePreviewWhileItsNameIsTyped)
+{
+    WriteJobs({"arm"});
+    OpenPlate(2);
+    EnterSaveMode();
+    FileNameEntered();
+    SetText(AppState.TextFileName, "a");
+    EXPECT_EQ(AppState.PreviewNest, FlagOn);
+}
+
+TEST_F(InputScreen, AnItemThatIsNoneIsntSelected)
+{
+    WriteJobs({"arm", "bolt"});
+    SelectInputTab(TabPrograms);
+    ListClicked(TabPrograms, 1);
+    for (const std::int32_t index : {-1, 2, 1000}) {
+        ListClicked(TabPrograms, index);
+        ListSelectionMoved(TabPrograms, index);
+        EXPECT_EQ(AppState.Lists[TabPrograms].Selected, 1) << index;
+        EXPECT_EQ(AppState.PreviewJob, "BOLT") << index;
+    }
 }
 
 TEST_F(InputScreen, EnterAndDoubleClickOnAJobFillTheName)
