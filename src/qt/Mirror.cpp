@@ -22,6 +22,7 @@ constexpr int LargeWindow = 700;
 constexpr double IconSpacing = 1.2; ///< of the items, as the shell counts them
 constexpr double JobSpacing = 1.02;
 constexpr double LineSpacing = 1.1;
+constexpr int ColumnGap = 24;  ///< between the names of two columns
 constexpr int FilePoints = 10; ///< font of the file lists
 
 QColor FromRgb(std::int32_t rgb)
@@ -151,7 +152,19 @@ void ArrangeIcons(QListWidget* list)
     list->setGridSize(QSize(static_cast<int>(item * IconSpacing), icon + 2 * text));
 }
 
-void ArrangeLines(QListWidget* list, std::int32_t colour, double spacing)
+/// Columns as wide as the longest name, but not wider than the list.
+int ColumnWidth(const QListWidget* list, const ListRecord& record)
+{
+    const QFontMetrics metrics(list->font());
+    int widest = 0;
+    for (const ListItem& item : record.Items) {
+        widest = std::max(widest, metrics.horizontalAdvance(FromText(item.Text)));
+    }
+    return std::max(1,
+                    std::min(widest + list->iconSize().width() + ColumnGap, list->viewport()->width() - 1));
+}
+
+void ArrangeLines(QListWidget* list, const ListRecord& record, double spacing)
 {
     QFont font = list->font();
     font.setBold(true);
@@ -161,9 +174,8 @@ void ArrangeLines(QListWidget* list, std::int32_t colour, double spacing)
     list->setViewMode(QListView::ListMode);
     list->setFlow(QListView::TopToBottom);
     list->setIconSize(QSize(line - 2, line - 2));
-    list->setGridSize(QSize());
-    list->setSpacing(static_cast<int>(std::lround((spacing - 1.0) * line / 2)));
-    ShowColour(list, QPalette::Text, colour);
+    list->setGridSize(QSize(ColumnWidth(list, record), static_cast<int>(std::ceil(line * spacing))));
+    ShowColour(list, QPalette::Text, record.TextColor);
 }
 
 void FillShownList(QListWidget* list, const ListRecord& record)
@@ -194,7 +206,7 @@ void ShowList(std::int16_t tab)
         if (record.View == ViewIcons) {
             ArrangeIcons(list);
         } else {
-            ArrangeLines(list, record.TextColor, tab == TabPrograms ? JobSpacing : LineSpacing);
+            ArrangeLines(list, record, tab == TabPrograms ? JobSpacing : LineSpacing);
         }
         FillShownList(list, record);
     }
