@@ -10,9 +10,9 @@ sizes=("$@")
 [ ${#sizes[@]} -gt 0 ] || sizes=(640x480 800x600 1024x768 full)
 mkdir -p "$target"
 
-true
-true
-true
+./setup.sh
+cmake --preset release >/dev/null
+cmake --build --preset release --target korvanta
 
 work=$(mktemp -d)
 display_pid=
@@ -80,7 +80,7 @@ for size in "${sizes[@]}"; do
         name=${language#*:}
         station=$work/station-$size-$name
         cp -r station "$station"
-        cp build/dev/bin/korvanta "$station/"
+        cp build/release/bin/korvanta "$station/"
         sed -i -e "s/^SCREEN_RES=.*/SCREEN_RES=$resolution/" -e "s/^LANGUAGE=.*/LANGUAGE=${language%:*}/" \
             "$station/Korvanta.ini"
         XDG_RUNTIME_DIR=$work "$station/korvanta" &

@@ -68,6 +68,10 @@ void RedrawCurrent(std::int16_t width, Flag fit);
 /// The same with the usual width: what AppState.Redraw is set to.
 void RedrawScene(Flag fit);
 
+/// The nest on the preview of the Input screen, fitted, without axes, markers and statistics: small as it is, only the
+/// copies on the sheet can be told.
+void DrawNestPreview();
+
 /// The part after a change of its table: bounds, the view fitted to it, and the scene with all that belongs to it.
 void RefreshPart(Picture picture);
 

@@ -155,6 +155,11 @@ void RedrawScene(Flag fit)
     RedrawCurrent(OverlayWidth, fit);
 }
 
+void DrawNestPreview()
+{
+    DrawScene(Picture::Preview, FlagOn, FlagOff, FlagOff);
+}
+
 void RefreshPart(Picture picture)
 {
     ComputeBounds();

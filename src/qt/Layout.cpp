@@ -265,6 +265,8 @@ void RedrawBoxes()
         if (AppState.ShapeId == 0) {
             DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
         }
+    } else if (AppState.PreviewNest != FlagOff) {
+        DrawNestPreview();
     } else if (AppState.Redraw != nullptr) {
         AppState.Redraw(FlagOn);
     }

@@ -1,11 +1,9 @@
 #include "qt/Mirror.h"
 
-#include "config/Korvanta_Utility.h"
-#include "platform/Paths.h"
+#include "nesting/Korvanta_CutTecnology.h"
 #include "qt/Artwork.h"
 #include "qt/Layout.h"
 #include "qt/StationWindow.h"
-#include "shell/MsgBox_Unicode.h"
 
 #include <QIcon>
 #include <QPalette>
@@ -258,8 +256,8 @@ void ShowPreview()
     }
     Window.Shown.PreviewJob = AppState.PreviewJob;
     Window.Shown.PreviewNest = AppState.PreviewNest;
-    if (AppState.PreviewNest != FlagOff && AppState.Redraw != nullptr) {
-        AppState.Redraw(FlagOn);
+    if (AppState.PreviewNest != FlagOff) {
+        DrawNestPreview();
     }
     PictureBox(Picture::Preview)->update();
 }
