@@ -127,6 +127,9 @@ void EndNestingEntry(std::int16_t index)
         Yield();
     }
     RedrawScreen(ToFlag(ApplyChanges(index))); // the view of a nest that stays is left as it is
+    // What a fixed count wrote into the sheet just now is no entry in the field that has the focus.
+    AppState.SheetFieldChanged = FlagOff;
+    AppState.NestFieldTouched = FlagOff;
 }
 
 std::int16_t NextField(std::int16_t index, std::int16_t fieldCount)

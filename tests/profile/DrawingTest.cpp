@@ -123,6 +123,35 @@ TEST_F(Drawing, CurrentProfileIsRedAndThick)
     }
 }
 
+/// Twin halves: both end as an outer profile.
+TEST_F(Drawing, EachEndMarkCountsAProfile)
+{
+    PutBox(0, 0, 4, 4);
+    PutEnd(KindOuterEnd);
+    PutLine(0, 9, 5, 9);
+    PutEnd(KindOuterEnd);
+    MeasureProfiles(FlagOn);
+    InitLeadData();
+    AppState.CurrentProfile = 2;
+    DrawPart(Picture::Tecno, 0, 0, FlagOn);
+    const std::vector<std::string> strokes = TakeStrokes();
+    ASSERT_EQ(strokes.size(), 5U + 2 * 4U);
+    EXPECT_EQ(strokes[0], "line 0 0 4 0 #000000 1");
+    EXPECT_EQ(strokes[8], "line 0 9 5 9 #ff0000 3");
+    EXPECT_EQ(strokes[9], "line 2.5 9 2.5 14 #ff0000 1");
+}
+
+TEST_F(Drawing, PensAreSetWhereTheyChange)
+{
+    MakeFrame();
+    AppState.CurrentProfile = 1;
+    SurfaceSetPen(Picture::Tecno, {0x123456, 7, true, true}); // of another stroke
+    DrawPart(Picture::Tecno, 0, 0, FlagOff);
+    EXPECT_EQ(TakeStrokes().front(), "line 2 2 5 2 #ff0000 3");
+    DrawPart(Picture::Tecno, 50, 0, FlagOff);
+    EXPECT_EQ(TakeStrokes().front(), "line 52 2 55 2 #ff0000 3") << "the next copy begins with its own pen";
+}
+
 TEST_F(Drawing, ArcElementsFollowTheOffset)
 {
     PutCircle(3, 4, -2);

@@ -2,6 +2,7 @@
 #include "shell/Korvanta_Interface.h"
 
 #include "config/Korvanta_Configuration.h"
+#include "nesting/Korvanta_CutTecnology.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "shell/ValueFields.h"
@@ -471,6 +472,26 @@ TEST(NestingFields, CutTheKerfToTwoPlaces)
     Enter(FieldKerf, "0.123");
     EXPECT_EQ(Nesting(FieldKerf).Text, "0.12");
     EXPECT_EQ(Nesting(FieldSheetX).Text, "1102.4") << "10 * (100 + 10 + 0.24), not with 0.246";
+}
+
+/// The sheet that a fixed count gives is written by the program: that is no entry in the field which has the focus by then.
+TEST(NestingFields, KeepACountWhenTheSheetFollowsIt)
+{
+    StartFields();
+    MakePlate();
+    AppState.Redraw = RedrawScene;
+    AppState.ScreenState = ScreenNesting;
+    Enter(FieldSheetY, "*2");
+    ASSERT_EQ(AppState.NestResultY, 2);
+    NestingFieldEntered(FieldKerf);
+    SetText(Nesting(FieldKerf), "0.123"); // becomes 0.12 once the field above has the focus
+    NestingFieldLeft(FieldKerf);
+    NestingFieldEntered(FieldSheetY);
+    EndNestingEntry(FieldKerf);
+    EXPECT_EQ(Nesting(FieldSheetY).Text, "130"); // 50 + 10.24 + 50 + 20, cut
+    NestingFieldLeft(FieldSheetY);
+    EXPECT_EQ(AppState.NestResultY, 2);
+    EXPECT_EQ(AppState.CountY, 2);
 }
 
 TEST(NestingFields, RedrawAfterAnEntryThatChangedNothing)
