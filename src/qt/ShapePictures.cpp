@@ -30,8 +30,8 @@ constexpr double MarginShare = 0.06;  ///< of the picture, on each side
 constexpr double GiveWayShare = 0.04; ///< by so much a picture may shrink to meet the pixels
 constexpr double PixelPrice = 0.02;   ///< what a pixel less must gain in sharpness
 
-/// A picture larger than this is a mistake of its caller.
-constexpr int LargestPicture = 4096;
+/// No screen is wider, in its own pixels: a larger picture is a mistake of its caller.
+constexpr int LargestPicture = 8192;
 
 /// Values beyond it are no shape any more.
 constexpr double LargestMeasure = 1e9;
