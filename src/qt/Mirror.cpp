@@ -358,10 +358,11 @@ ListMetrics MeasureShownList(std::int16_t tab)
         ++across;
     }
     const double spacing = icons ? IconSpacing : tab == TabPrograms ? JobSpacing : LineSpacing;
-    const auto size = [across, spacing](int room) {
-        return static_cast<std::int32_t>(room / (spacing * across));
+    const auto room = [across, spacing](int size) {
+        return static_cast<std::int32_t>(std::ceil(spacing * size * across));
     };
-    metrics.ItemWidth = icons ? size(metrics.Width) : first.width();
-    metrics.ItemHeight = icons ? first.height() : size(metrics.Height);
+    metrics.ItemWidth = first.width();
+    metrics.ItemHeight = first.height();
+    (icons ? metrics.Width : metrics.Height) = icons ? room(first.width()) : room(first.height());
     return metrics;
 }

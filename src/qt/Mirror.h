@@ -7,6 +7,6 @@
 /// texts that this brings about are reported to nobody.
 void MirrorRecords();
 
-/// Size of a list's items on the screen, in device-independent pixels, such that the shell's count of items across and
-/// down is the one shown.
+/// Size of a list and its first item on the screen, in device-independent pixels. The size along which the items are
+/// counted is the one that gives the items that really stand side by side, or one below the other.
 ListMetrics MeasureShownList(std::int16_t tab);
