@@ -22,9 +22,7 @@ void DrawCaption(Picture picture, double x, double y, const std::string& text)
     SurfaceText(picture, ToSurface(x), ToSurface(y), text, ColourBlue);
 }
 
-/// The axes, their names at the ends, the sizes of the part beside them. Texts hang from their upper left corner. The
-/// margins of the view may be narrower than a text, and a part flatter or narrower than one: texts are then moved so that
-/// each stays in the fitted view and clear of the one before.
+/// The axes, their names at the ends, the sizes of the part beside them. Texts hang from their upper left corner.
 void DrawAxes(Picture picture)
 {
     const double endX = AxisAbove * AppState.MaxX;
@@ -34,20 +32,17 @@ void DrawAxes(Picture picture)
     double letter = 0.0;
     double line = 0.0;
     SurfaceTextSize(picture, "A", letter, line);
+    DrawCaption(picture, endX - 1.5 * letter, 0.0, "x");
+    DrawCaption(picture, -1.5 * letter, std::min(endY, AppState.ViewTop),
+                "y"); // a tall part's axis leaves the view
+    DrawCaption(picture, -1.5 * letter, 0.0, "o");
     const std::string sizeX = FormatNumber(AppState.PartSizeX);
     const std::string sizeY = FormatNumber(AppState.PartSizeY);
     double width = 0.0;
     SurfaceTextSize(picture, sizeX, width, line);
-    const double left = std::max(-1.5 * letter, AxisBelow * AppState.MaxX);
-    const double row = std::max(0.0, line + AxisBelow * AppState.MaxY); // of the texts along the x axis
-    const double placeX = std::max(AppState.MaxX / 2 - width / 2, left + 1.5 * letter);
-    const double lastX = std::min(endX, AppState.ViewLeft + AppState.ViewWidth) - 1.5 * letter;
-    const double lastY = std::min(endY, AppState.ViewTop);
-    DrawCaption(picture, std::max(lastX, placeX + width + letter / 2), row, "x");
-    DrawCaption(picture, left, std::max(lastY, row + line), "y");
-    DrawCaption(picture, left, row, "o");
-    DrawCaption(picture, placeX, row, sizeX);
-    DrawCaption(picture, letter / 2, std::max(AppState.MaxY / 2 + line / 2, row), sizeY);
+    DrawCaption(picture, AppState.MaxX / 2 - width / 2, 0.0, sizeX);
+    DrawCaption(picture, letter / 2, AppState.MaxY / 2 + line / 2,
+                sizeY); // inside: the margin may be too narrow
 }
 
 /// Rows stand one over the other, column by column.

@@ -14,3 +14,12 @@ QPixmap ArtPicture(const ImageRef& image, QSize size, qreal pixelRatio);
 /// A picture by its name: "SaveFile", "LoadFile" (signs beside the file name), "LeadHelp" (the lead values A to D on a
 /// contour), "Application". Null for another name.
 QPixmap NamedPicture(const QString& name, QSize size, qreal pixelRatio);
+
+/// The drawing behind a picture: the path of its compiled-in file; empty where there is none, as for the shape lists.
+QString ArtFile(const ImageRef& image);
+QString ArtFile(const QString& name);
+
+/// The drawing `file` fitted into `size` device-independent pixels, centred, its proportions kept, on nothing; the
+/// picture has exactly the pixels that `size` takes on a screen of `pixelRatio`. Null for an empty size or a file that
+/// can't be drawn.
+QPixmap DrawArt(const QString& file, QSize size, qreal pixelRatio);

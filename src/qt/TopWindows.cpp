@@ -64,14 +64,10 @@ QString SocketName(const QString& path)
     return path + ".socket";
 }
 
-/// A call is one line: the token, which is mostly empty.
+/// A second start has hung up, so all it had to say is there.
 void ComeForward(QLocalSocket& caller)
 {
-    if (!caller.canReadLine()) {
-        return;
-    }
-    const QByteArray token = caller.readLine(LongestToken).trimmed();
-    caller.disconnect();
+    const QByteArray token = caller.read(LongestToken);
     caller.deleteLater();
     if (!token.isEmpty() && !token.contains('\0')) {
         qputenv(TokenVariable, token);
@@ -84,9 +80,7 @@ void ComeForward(QLocalSocket& caller)
 void AnswerCallers()
 {
     while (QLocalSocket* caller = LockServer->nextPendingConnection()) {
-        caller->setReadBufferSize(LongestToken);
-        QObject::connect(caller, &QLocalSocket::readyRead, caller, [caller] { ComeForward(*caller); });
-        QObject::connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
+        QObject::connect(caller, &QLocalSocket::disconnected, caller, [caller] { ComeForward(*caller); });
     }
 }
 
@@ -135,8 +129,7 @@ void CallOtherStation()
     QLocalSocket socket;
     socket.connectToServer(SocketName(path), QIODevice::WriteOnly);
     if (socket.waitForConnected(LongestWait)) {
-        const QByteArray token = qgetenv(TokenVariable);
-        socket.write(token.size() < LongestToken - 1 ? token + '\n' : "\n");
+        socket.write(qgetenv(TokenVariable).left(LongestToken));
         socket.waitForBytesWritten(LongestWait);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "config/Korvanta_Utility.h"
 #include "platform/Screen.h"
+#include "profile/Korvanta_Common.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
 #include "shell/InputScreen.h"
@@ -103,6 +104,9 @@ void FileNameEntered()
     AppState.PreviewNest = ToFlag(saving);
     SelectWholeText(AppState.TextFileName);
     RefreshKeyBar();
+    if (saving) {
+        RedrawScreen(FlagOn);
+    }
 }
 
 void FileNameLeft()
