@@ -187,10 +187,11 @@ void FillShownList(QListWidget* list, const ListRecord& record)
             icon = QIcon(ArtPicture(item.Icon, list->iconSize(), ratio));
             last = item.Icon;
         }
-        auto* shown = new QListWidgetItem(icon, FromText(item.Text), list);
+        auto* shown = new QListWidgetItem(icon, FromText(item.Text));
         if (record.View == ViewIcons) {
             shown->setTextAlignment(Qt::AlignHCenter);
         }
+        list->addItem(shown);
     }
 }
 
