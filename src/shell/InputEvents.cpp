@@ -2,7 +2,6 @@
 
 #include "config/Korvanta_Utility.h"
 #include "platform/Screen.h"
-#include "profile/Korvanta_Common.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
 #include "shell/InputScreen.h"
@@ -104,9 +103,6 @@ void FileNameEntered()
     AppState.PreviewNest = ToFlag(saving);
     SelectWholeText(AppState.TextFileName);
     RefreshKeyBar();
-    if (saving) {
-        RedrawScreen(FlagOn);
-    }
 }
 
 void FileNameLeft()

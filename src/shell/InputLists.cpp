@@ -122,8 +122,10 @@ void FillFileList(std::int16_t list, const std::string& folder, std::string_view
 void FillJobList(const std::string& filter)
 {
     FillFileList(TabPrograms, AppState.NestingPath, "nst", FileIcon, ColorBlue, true, filter, true);
-    const ListItem* item = SelectedItem(TabPrograms);
-    AppState.PreviewJob = item != nullptr ? item->Text : "";
+    if (AppState.PreviewNest == FlagOff) {
+        const ListItem* item = SelectedItem(TabPrograms);
+        AppState.PreviewJob = item != nullptr ? item->Text : "";
+    }
 }
 
 void FillDxfList()

@@ -1,10 +1,13 @@
 // Focus and keys of the value fields, as the window reports them.
 #include "shell/FieldEvents.h"
+#include "config/Korvanta_Utility.h"
 #include "shell/KeyCodes.h"
 #include "shell/ValueFields.h"
 #include "support/Station.h"
 
 #include <gmock/gmock.h>
+
+#include <span>
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -30,6 +33,55 @@ protected:
         }
     }
 };
+
+TEST_F(FieldEvents, EveryFieldHasItsStepAndLimits)
+{
+    struct Row {
+        const char* Step;
+        const char* Low;
+        const char* High;
+    };
+    const Row cutting[] = {
+        {"1", "-360", "360"},  // Angle
+        {"1", "0", "4"},       // Mirror
+        {"1", ".01", "99999"}, // Scale: a limit is plain number text
+        {"1", "0", "32767"},   // Profile nr.
+        {"1", ".1", "99999"},  // Move Step
+        {"0.5", "0", "999"},   // LeadIn : A
+        {"0.5", "0", "999"},   // LeadIn : B
+        {"0.5", "0", "999"},   // LeadOut : C
+        {"0.5", "0", "999"},   // LeadOut : D
+        {"1", "1", "30"},      // Zoom
+    };
+    const Row nesting[] = {
+        {"10", "10", "99999"},  // X Sheet
+        {"10", "10", "99999"},  // Y Sheet
+        {"0.1", "0", "999"},    // Kerf
+        {"1", "-9999", "9999"}, // X Gap
+        {"1", "-9999", "9999"}, // Y Gap
+        {"1", "1", "4"},        // Nesting
+        {"1", "1", "25"},       // Simulation
+        {"1", "1", "30"},       // Zoom
+    };
+    const auto check = [](FieldArray fields, std::span<const Row> rows) {
+        ASSERT_EQ(fields.size(), rows.size());
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            ValueField& field = fields[i];
+            field.Change = nullptr;
+            AppState.CurrentField = static_cast<std::int16_t>(i);
+            const std::string name = field.ControlName + std::to_string(i);
+            ValidateField(fields, 1e6);
+            EXPECT_EQ(field.Text, rows[i].High) << name;
+            StepField(fields, false, NoValue);
+            EXPECT_DOUBLE_EQ(FieldNumber(field), TextToNumber(rows[i].High) - TextToNumber(rows[i].Step))
+                << name;
+            ValidateField(fields, -1e6);
+            EXPECT_EQ(field.Text, rows[i].Low) << name;
+        }
+    };
+    check(AppState.TextCutting, cutting);
+    check(AppState.TextNesting, nesting);
+}
 
 TEST_F(FieldEvents, EveryFieldHasItsKindAndItsYellow)
 {

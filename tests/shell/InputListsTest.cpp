@@ -97,11 +97,35 @@ TEST_F(Lists, AFolderThatIsMissingGivesAnEmptyList)
     EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 
-TEST_F(Lists, TenThousandFilesWithAnyName)
+TEST_F(Lists, AFolderThatIsAFileGivesAnEmptyList)
+{
+    Station.Write("DXF", "not a folder");
+    SelectInputTab(TabDxfIn);
+    EXPECT_THAT(Texts(TabDxfIn), IsEmpty());
+    EXPECT_EQ(List(TabDxfIn).Selected, -1);
+    MoveListCursor("Dw");
+    EXPECT_EQ(SelectedItem(TabDxfIn), nullptr);
+}
+
+TEST_F(Lists, TenThousandFiles)
 {
     for (int i = 0; i < 10000; ++i) {
-        List(TabPrograms).Items.push_back({"old", {}});
+        const std::string number = std::to_string(100000 + i).substr(1);
+        Station.Write("NEST/p" + number + ".nst", "");
     }
+    FillJobList("");
+    ASSERT_EQ(List(TabPrograms).Items.size(), 10000U);
+    EXPECT_EQ(List(TabPrograms).Items.front().Text, "P00000");
+    EXPECT_EQ(List(TabPrograms).Items.back().Text, "P09999");
+    const std::int32_t filled = List(TabPrograms).Filled;
+    FillJobList("p0123");
+    EXPECT_EQ(List(TabPrograms).Items.size(), 10U);
+    EXPECT_EQ(List(TabPrograms).Selected, 0);
+    EXPECT_NE(List(TabPrograms).Filled, filled) << "tells the window to show the list anew";
+}
+
+TEST_F(Lists, FilesWithAnyName)
+{
     const std::string longName(200, 'n');
     for (const std::string& name : {std::string("two words"), longName,
                                     std::string("Gr\xC3\xB6\xC3\x9F"

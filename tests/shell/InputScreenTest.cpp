@@ -8,7 +8,6 @@
 #include "shell/KeyCodes.h"
 #include "shell/KeyDispatcher.h"
 #include "shell/ValueFields.h"
-#include "support/RecordingSurface.h"
 #include "support/Station.h"
 
 #include <gmock/gmock.h>
@@ -121,26 +120,6 @@ TEST_F(InputScreen, AsksForTheNameOfTheNest)
     EXPECT_EQ(AppState.FileNameImage, "SaveFile");
     EXPECT_EQ(AppState.PreviewNest, FlagOn);
     EXPECT_EQ(AppState.KeyBar[8], (ImageRef{ImageList::InputState0, 11}));
-}
-
-TEST_F(InputScreen, TheNestIsDrawnBesideTheNameItIsSavedUnder)
-{
-    OpenPlate(2);
-    SetText(AppState.TextNesting[FieldSheetX], "330");
-    RunNesting();
-    EnterSaveMode();
-    Drawn.Shown = true;
-    TakeStrokes();
-    FileNameEntered();
-    ASSERT_FALSE(Drawn.Pictures.empty());
-    EXPECT_EQ(Drawn.Pictures.front(), Picture::Preview);
-    EXPECT_EQ(TakeStrokesLike("fill").size(), 2U) << "the sheet with its shadow";
-    EXPECT_EQ(AppState.CountX, 3);
-    LeaveSaveMode();
-    EnterInputScreen();
-    TakeStrokes();
-    FileNameEntered();
-    EXPECT_THAT(TakeStrokes(), IsEmpty()) << "there is no nest to save";
 }
 
 TEST_F(InputScreen, SavesTheProgramOfTheWholeNest)
@@ -444,8 +423,13 @@ TEST_F(InputScreen, TheNestStaysInThePreviewWhileItsNameIsTyped)
     OpenPlate(2);
     EnterSaveMode();
     FileNameEntered();
+    const std::string before = AppState.PreviewJob;
     SetText(AppState.TextFileName, "a");
     EXPECT_EQ(AppState.PreviewNest, FlagOn);
+    EXPECT_EQ(AppState.PreviewJob, before) << "another one would have the nest drawn anew for each letter";
+    KeyDispatcher(KeyF10, 0);
+    EXPECT_EQ(AppState.PreviewNest, FlagOff);
+    EXPECT_EQ(AppState.PreviewJob, "ARM");
 }
 
 TEST_F(InputScreen, AnItemThatIsNoneIsntSelected)
