@@ -65,8 +65,32 @@ bool DrawCopyMoves(double x, double y, void* context)
     return --walk.Left > 0;
 }
 
-/// The two lines of text. The Y scale is negative, and so are the heights that are taken off: the texts stand above the
-/// part. The second goes on where the first ends.
+/// Where the two lines of text begin.
+struct TextPlace {
+    double X;
+    double FirstY;
+    double SecondY;
+};
+
+/// The Y scale is negative, and so are the heights that are taken off: the texts stand above the part. Where the view ends
+/// too close above it they stand below its upper edge, and where it ends sooner than the text they begin further left.
+TextPlace PlaceOfStatistics(double letter, double line, double length)
+{
+    TextPlace place{2 * letter, AppState.PartSizeY + FirstTextLine * line,
+                    AppState.PartSizeY + SecondTextLine * line};
+    if (place.SecondY > AppState.ViewTop && AppState.PartSizeY <= AppState.ViewTop) {
+        const double down = (SecondTextLine + (SecondTextLine - FirstTextLine)) * line;
+        place.FirstY -= down;
+        place.SecondY -= down;
+    }
+    const double right = AppState.ViewLeft + AppState.ViewWidth;
+    if (place.X >= AppState.ViewLeft && place.X < right) {
+        place.X = std::max(std::min(place.X, right - length), AppState.ViewLeft);
+    }
+    return place;
+}
+
+/// The second line goes on where the first ends.
 void DrawStatisticsText(Picture picture, std::int64_t copies)
 {
     const std::string shapes = "Shape:" + NumberText(static_cast<double>(copies)) + "; ";
@@ -76,12 +100,13 @@ void DrawStatisticsText(Picture picture, std::int64_t copies)
     double letter = 0.0;
     double line = 0.0;
     double width = 0.0;
+    double rest = 0.0;
     SurfaceTextSize(picture, "A", letter, line);
+    SurfaceTextSize(picture, cuts, rest, line);
     SurfaceTextSize(picture, shapes, width, line);
-    SurfaceText(picture, ToSurface(letter), ToSurface(AppState.PartSizeY + FirstTextLine * line), shapes,
-                ColourBlack);
-    SurfaceText(picture, ToSurface(letter + width), ToSurface(AppState.PartSizeY + SecondTextLine * line),
-                cuts, ColourBlack);
+    const TextPlace place = PlaceOfStatistics(letter, line, width + rest);
+    SurfaceText(picture, ToSurface(place.X), ToSurface(place.FirstY), shapes, ColourBlack);
+    SurfaceText(picture, ToSurface(place.X + width), ToSurface(place.SecondY), cuts, ColourBlack);
 }
 
 /// What the walk does to the leads, without a stroke.

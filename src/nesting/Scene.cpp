@@ -22,7 +22,19 @@ void DrawCaption(Picture picture, double x, double y, const std::string& text)
     SurfaceText(picture, ToSurface(x), ToSurface(y), text, ColourBlue);
 }
 
-/// The axes, their names at the ends, the sizes of the part beside them. Texts hang from their upper left corner.
+/// Upper edge of the texts along the x axis: below it where the margin of the fitted view holds a line, else on it; above
+/// the line of the statistics where the part is too flat for both.
+double CaptionRow(double line)
+{
+    constexpr double AboveStatistics = 2.3; ///< lines
+    if (line <= -AxisBelow * AppState.MaxY) {
+        return 0.0;
+    }
+    return line < AppState.MaxY ? line : AppState.MaxY + AboveStatistics * line;
+}
+
+/// The axes, their names at the ends, the sizes of the part beside them. Texts hang from their upper left corner. However
+/// flat or narrow the part, each stays in the fitted view, and clear of the others.
 void DrawAxes(Picture picture)
 {
     const double endX = AxisAbove * AppState.MaxX;
@@ -32,17 +44,20 @@ void DrawAxes(Picture picture)
     double letter = 0.0;
     double line = 0.0;
     SurfaceTextSize(picture, "A", letter, line);
-    DrawCaption(picture, endX - 1.5 * letter, 0.0, "x");
-    DrawCaption(picture, -1.5 * letter, std::min(endY, AppState.ViewTop),
-                "y"); // a tall part's axis leaves the view
-    DrawCaption(picture, -1.5 * letter, 0.0, "o");
     const std::string sizeX = FormatNumber(AppState.PartSizeX);
     const std::string sizeY = FormatNumber(AppState.PartSizeY);
     double width = 0.0;
     SurfaceTextSize(picture, sizeX, width, line);
-    DrawCaption(picture, AppState.MaxX / 2 - width / 2, 0.0, sizeX);
-    DrawCaption(picture, letter / 2, AppState.MaxY / 2 + line / 2,
-                sizeY); // inside: the margin may be too narrow
+    const double left = 1.5 * letter <= -AxisBelow * AppState.MaxX ? -1.5 * letter : letter / 2;
+    const double row = CaptionRow(line);
+    const double placeX = std::max(AppState.MaxX / 2 - width / 2, left + 1.5 * letter);
+    const double lastX = std::min(endX, AppState.ViewLeft + AppState.ViewWidth) - 1.5 * letter;
+    const double lastY = std::min(endY, AppState.ViewTop);
+    DrawCaption(picture, std::max(lastX, placeX + width + letter / 2), row, "x");
+    DrawCaption(picture, left, std::max(lastY, row + line), "y");
+    DrawCaption(picture, left, row, "o");
+    DrawCaption(picture, placeX, row, sizeX);
+    DrawCaption(picture, letter / 2, std::max(AppState.MaxY / 2 + line / 2, row), sizeY);
 }
 
 /// Rows stand one over the other, column by column.

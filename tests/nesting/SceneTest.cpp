@@ -69,14 +69,15 @@ TEST_F(Scene, PartWithAxesAndSizes)
     AppState.ScreenState = ScreenCutting;
     MakeLine(300, 100);
     DrawScene(Picture::Tecno, FlagOn, FlagOn, FlagOn);
-    // A pixel is 345 / 640 = 0.539063: letters 4.3125 wide, 10.7813 high; barbs 4.14547 along, 1.18869 beside.
+    // A pixel is 345 / 640 = 0.539063: letters 4.3125 wide, 10.7813 high; barbs 4.14547 along, 1.18869 beside. The view
+    // ends at 315, and 10 below the part: too little for a line, so the texts of the x axis stand on it.
     EXPECT_THAT(TakeStrokes(),
                 ElementsAre("clear", "scale -30 248.75 345 -258.75", "font 15", "line -30 0 330 0 #0000ff 1",
                             "line 330 0 325.855 -1.18869 #0000ff 1", "line 330 0 325.855 1.18869 #0000ff 1",
                             "line 0 -10 0 110 #0000ff 1", "line 0 110 1.18869 105.855 #0000ff 1",
-                            "line 0 110 -1.18869 105.855 #0000ff 1", "text 323.531 0 'x' #0000ff",
-                            "text -6.46875 110 'y' #0000ff", "text -6.46875 0 'o' #0000ff",
-                            "text 143.531 0 '300' #0000ff", "text 2.15625 55.3906 '100' #0000ff",
+                            "line 0 110 -1.18869 105.855 #0000ff 1", "text 308.531 10.7812 'x' #0000ff",
+                            "text -6.46875 110 'y' #0000ff", "text -6.46875 10.7812 'o' #0000ff",
+                            "text 143.531 10.7812 '300' #0000ff", "text 2.15625 55.3906 '100' #0000ff",
                             "line 0 0 300 100 #000000 1"));
     DrawScene(Picture::Tecno, FlagOff, FlagOff, FlagOff);
     EXPECT_THAT(TakeStrokes(), ElementsAre("clear", "font 15", "line 0 0 300 100 #000000 1"));
@@ -88,6 +89,51 @@ TEST_F(Scene, NameOfTheAxisStaysInTheViewOfATallPart)
     MakeLine(50, 100); // the view ends at 105, the axis at 110: a pixel is 115 / 480, a letter 1.91667
     DrawScene(Picture::Tecno, FlagOn, FlagOn, FlagOn);
     EXPECT_THAT(TakeStrokesLike("text"), testing::Contains("text -2.875 105 'y' #0000ff"));
+}
+
+/// Every text of the fitted view is in it, and no two lie on each other, however flat or narrow the part.
+TEST_F(Scene, CaptionsOfAnyPartAreSeen)
+{
+    AppState.ScreenState = ScreenCutting;
+    for (const auto& [sizeX, sizeY] : std::vector<std::pair<double, double>>{{300, 100},
+                                                                             {100, 100},
+                                                                             {50, 100},
+                                                                             {1000, 10},
+                                                                             {10, 1000},
+                                                                             {2000, 0},
+                                                                             {0, 2000},
+                                                                             {0.5, 0.4},
+                                                                             {9999, 50}}) {
+        ClearPart();
+        MakeLine(sizeX, sizeY);
+        RedrawScene(FlagOn);
+        struct Box {
+            double Left, Top, Right, Bottom;
+        };
+        std::vector<Box> boxes;
+        const std::string name = std::to_string(sizeX) + " x " + std::to_string(sizeY);
+        for (const std::string& stroke : TakeStrokesLike("text")) {
+            std::istringstream numbers(stroke.substr(5));
+            Box box{};
+            numbers >> box.Left >> box.Top;
+            const std::size_t quote = stroke.find('\'');
+            const auto letters = static_cast<double>(stroke.rfind('\'') - quote - 1);
+            box.Right = box.Left + letters * RecordedLetterWidth * AppState.UnitsPerPixelX;
+            box.Bottom = box.Top + RecordedLetterHeight * AppState.UnitsPerPixelY;
+            const double slack = 0.01 * AppState.UnitsPerPixelX; // of the six digits
+            EXPECT_GE(box.Left, AppState.ViewLeft - slack) << name << ": " << stroke;
+            EXPECT_LE(box.Right, AppState.ViewLeft + AppState.ViewWidth + slack) << name << ": " << stroke;
+            EXPECT_LE(box.Top, AppState.ViewTop + slack) << name << ": " << stroke;
+            EXPECT_GE(box.Bottom, AppState.ViewTop + AppState.ViewHeight - slack) << name << ": " << stroke;
+            for (const Box& other : boxes) {
+                const bool apart = box.Left >= other.Right - slack || other.Left >= box.Right - slack ||
+                                   box.Bottom >= other.Top - slack || other.Bottom >= box.Top - slack;
+                EXPECT_TRUE(apart) << name << ": " << stroke;
+            }
+            boxes.push_back(box);
+        }
+        EXPECT_EQ(boxes.size(), 7U);
+    }
 }
 
 TEST_F(Scene, PartWithoutSizeLeavesThePictureEmpty)
@@ -353,8 +399,8 @@ TEST_F(Scene, SixCopiesOfThreeProfiles)
     RedrawScene(FlagOn);
     // From -4 to 157.5 in X: a pixel is 161.5 / 640 = 0.252344; letters 2.01875 wide, 5.04688 high.
     EXPECT_THAT(TakeStrokesLike("text"),
-                ElementsAre("text 2.01875 25.5516 'Shape: 6; ' #000000",
-                            "text 22.2062 26.0562 'Piercing: 18; Cutting (mm): 864' #000000"));
+                ElementsAre("text 4.0375 25.5516 'Shape: 6; ' #000000",
+                            "text 24.225 26.0562 'Piercing: 18; Cutting (mm): 864' #000000"));
     EXPECT_EQ(AppState.CopiesDrawn, 6);
 }
 
