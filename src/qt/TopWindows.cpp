@@ -64,10 +64,14 @@ QString SocketName(const QString& path)
     return path + ".socket";
 }
 
-/// A second start has hung up, so all it had to say is there.
+/// A call is one line: the token, which is mostly empty.
 void ComeForward(QLocalSocket& caller)
 {
-    const QByteArray token = caller.read(LongestToken);
+    if (!caller.canReadLine()) {
+        return;
+    }
+    const QByteArray token = caller.readLine(LongestToken).trimmed();
+    caller.disconnect();
     caller.deleteLater();
     if (!token.isEmpty() && !token.contains('\0')) {
         qputenv(TokenVariable, token);
@@ -80,7 +84,9 @@ void ComeForward(QLocalSocket& caller)
 void AnswerCallers()
 {
     while (QLocalSocket* caller = LockServer->nextPendingConnection()) {
-        QObject::connect(caller, &QLocalSocket::disconnected, caller, [caller] { ComeForward(*caller); });
+        caller->setReadBufferSize(LongestToken);
+        QObject::connect(caller, &QLocalSocket::readyRead, caller, [caller] { ComeForward(*caller); });
+        QObject::connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
     }
 }
 
@@ -129,7 +135,8 @@ void CallOtherStation()
     QLocalSocket socket;
     socket.connectToServer(SocketName(path), QIODevice::WriteOnly);
     if (socket.waitForConnected(LongestWait)) {
-        socket.write(qgetenv(TokenVariable).left(LongestToken));
+        const QByteArray token = qgetenv(TokenVariable);
+        socket.write(token.size() < LongestToken - 1 ? token + '\n' : "\n");
         socket.waitForBytesWritten(LongestWait);
     }
 }
