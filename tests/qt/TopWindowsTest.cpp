@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <deque>
 #include <map>
 #include <memory>
@@ -38,7 +39,6 @@ namespace
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 TopWindow At(xcb_window_t window, const std::string& title)
 {
@@ -242,6 +242,32 @@ TEST_F(XTopWindows, AreRaisedWithoutAManager)
     RaiseTopWindow(static_cast<std::intptr_t>(two));
     RaiseTopWindow(0);
     EXPECT_THAT(Other->Children(Other->Root), ElementsAre(one, hidden));
+}
+
+TEST_F(XTopWindows, AManagerThatActivatesIsAskedTo)
+{
+    const auto one = Other->AddTitled("one");
+    const auto two = Other->AddTitled("two");
+    const auto check = Other->AddWindow(XCB_WINDOW_NONE, false);
+    Other->SetNumbers(check, "_NET_SUPPORTING_WM_CHECK", "WINDOW", {check});
+    Other->SetNumbers(Other->Root, "_NET_SUPPORTING_WM_CHECK", "WINDOW", {check});
+    Other->SetNumbers(Other->Root, "_NET_SUPPORTED", "ATOM", {Other->Atom("_NET_ACTIVE_WINDOW")});
+    const std::uint32_t redirect = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
+    xcb_change_window_attributes(Other->Wire, Other->Root, XCB_CW_EVENT_MASK, &redirect);
+    Other->Sync();
+    RaiseTopWindow(static_cast<std::intptr_t>(one));
+    Other->Sync();
+    std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event(xcb_poll_for_event(Other->Wire),
+                                                                     &std::free);
+    ASSERT_NE(event, nullptr);
+    ASSERT_EQ(event->response_type & 0x7F, XCB_CLIENT_MESSAGE);
+    const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+    EXPECT_EQ(message.window, one);
+    EXPECT_EQ(message.type, Other->Atom("_NET_ACTIVE_WINDOW"));
+    EXPECT_EQ(message.data.data32[0], 2U) << "as a pager";
+    event.reset(xcb_poll_for_event(Other->Wire));
+    EXPECT_EQ(event, nullptr) << "all else is the manager's";
+    EXPECT_THAT(Other->Children(Other->Root), ElementsAre(one, two, check));
 }
 
 TEST_F(XTopWindows, AreListedAndRaisedByAManager)
