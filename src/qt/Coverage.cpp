@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace
 {
@@ -11,10 +10,7 @@ constexpr double AlongAxis = 0.05;      ///< pixels that a line along an axis ma
 constexpr double AlongAxisSlope = 0.02; ///< and how much of its length: short chords of a curve stay smooth
 constexpr double Meeting = 0.25;        ///< pixels between the end of a stroke and the start of its successor
 constexpr double StraightOn = 0.94;     ///< cosine of the turn that needs no closing
-constexpr double ChordError = 0.06;     ///< pixels between an arc and its chords
-constexpr int MostChords = 20000;       ///< of one arc: more than any image needs
-constexpr double LargeRadius = 1000.0; ///< pixels; arcs beyond are cut to the image before they are flattened
-constexpr double Margin = 4.0;         ///< pixels around the image in which strokes are still worked out
+constexpr double Margin = 4.0;          ///< pixels around the image in which strokes are still worked out
 
 struct Segment {
     double X1, Y1, X2, Y2;
@@ -59,49 +55,39 @@ int Floor(double value)
     return static_cast<int>(std::floor(value));
 }
 
-/// The part of a line between two ends that lies in the band low .. high, as shares of its length; false when none does.
-bool CutToBand(double start, double delta, double low, double high, double& from, double& to)
+/// Moves an end that lies outside the band low .. high of one coordinate to its border. The other coordinate follows from
+/// the other end, so that a line along an axis keeps its own however long it is.
+void CutEnd(double& along, double& across, double otherAlong, double otherAcross, double low, double high)
 {
-    if (delta == 0.0) {
-        return start >= low && start <= high;
+    const double border = std::clamp(along, low, high);
+    if (border != along) {
+        across = otherAcross + (border - otherAlong) / (along - otherAlong) * (across - otherAcross);
+        along = border;
     }
-    const double a = (low - start) / delta;
-    const double b = (high - start) / delta;
-    from = std::max(from, std::min(a, b));
-    to = std::min(to, std::max(a, b));
-    return from <= to;
 }
 
-/// The shares of a line between which it can be seen; false when it can't.
-bool CutToImage(const CoverageMask& mask, const Segment& s, double margin, double& from, double& to)
+/// Cuts a line to the image and `margin` pixels around it; false when it passes by.
+bool CutToImage(const CoverageMask& mask, double margin, Segment& s)
 {
     const double right = mask.Width + margin;
     const double bottom = mask.Height + margin;
-    from = 0.0;
-    to = 1.0;
-    if (std::min(s.X1, s.X2) >= -margin && std::max(s.X1, s.X2) <= right && std::min(s.Y1, s.Y2) >= -margin &&
-        std::max(s.Y1, s.Y2) <= bottom) {
-        return true;
+    const auto passesBy = [&] {
+        return std::max(s.X1, s.X2) < -margin || std::min(s.X1, s.X2) > right ||
+               std::max(s.Y1, s.Y2) < -margin || std::min(s.Y1, s.Y2) > bottom;
+    };
+    if (passesBy()) {
+        return false;
     }
-    return CutToBand(s.X1, s.X2 - s.X1, -margin, right, from, to) &&
-           CutToBand(s.Y1, s.Y2 - s.Y1, -margin, bottom, from, to);
-}
-
-/// The piece of a line between two shares. Rounding of huge coordinates can't leave the image's surroundings.
-Segment PieceOf(const CoverageMask& mask, const Segment& s, double margin, double from, double to)
-{
-    const auto clampX = [&](double x) { return std::clamp(x, -margin, mask.Width + margin); };
-    const auto clampY = [&](double y) { return std::clamp(y, -margin, mask.Height + margin); };
-    Segment piece = s;
-    if (from > 0.0) {
-        piece.X1 = s.X1 + from * (s.X2 - s.X1);
-        piece.Y1 = s.Y1 + from * (s.Y2 - s.Y1);
+    CutEnd(s.X1, s.Y1, s.X2, s.Y2, -margin, right);
+    CutEnd(s.X2, s.Y2, s.X1, s.Y1, -margin, right);
+    if (passesBy()) {
+        return false;
     }
-    if (to < 1.0) {
-        piece.X2 = s.X1 + to * (s.X2 - s.X1);
-        piece.Y2 = s.Y1 + to * (s.Y2 - s.Y1);
-    }
-    return {clampX(piece.X1), clampY(piece.Y1), clampX(piece.X2), clampY(piece.Y2)};
+    CutEnd(s.Y1, s.X1, s.Y2, s.X2, -margin, bottom);
+    CutEnd(s.Y2, s.X2, s.Y1, s.X1, -margin, bottom);
+    s.X1 = std::clamp(s.X1, -margin, right); // huge coordinates leave rounding behind
+    s.X2 = std::clamp(s.X2, -margin, right);
+    return true;
 }
 
 /// A piece along an axis in whole pixels. `cap`: pixels that it reaches beyond its ends.
@@ -192,17 +178,17 @@ void CoverJoint(CoverageMask& mask, int width, double x, double y)
     if (!(x > -reach && y > -reach && x < mask.Width + reach && y < mask.Height + reach)) {
         return;
     }
-    for (int row = Floor(y - reach); row <= Floor(y + reach); ++row) {
-        for (int column = Floor(x - reach); column <= Floor(x + reach); ++column) {
+    const int left = std::max(Floor(x - reach), 0);
+    const int right = std::min(Floor(x + reach), mask.Width - 1);
+    const int bottom = std::min(Floor(y + reach), mask.Height - 1);
+    for (int row = std::max(Floor(y - reach), 0); row <= bottom; ++row) {
+        for (int column = left; column <= right; ++column) {
             const double share = std::clamp(reach - std::hypot(column + 0.5 - x, row + 0.5 - y), 0.0, 1.0);
-            if (column >= 0 && row >= 0 && column < mask.Width && row < mask.Height) {
-                const std::size_t cell =
-                    static_cast<std::size_t>(row) * static_cast<std::size_t>(mask.Width) +
-                    static_cast<std::size_t>(column);
-                const int lacking = static_cast<int>(share * Full + 0.5) - mask.Cells[cell];
-                if (lacking > 0) {
-                    AddCell(mask, cell, lacking);
-                }
+            const std::size_t cell = static_cast<std::size_t>(row) * static_cast<std::size_t>(mask.Width) +
+                                     static_cast<std::size_t>(column);
+            const int lacking = static_cast<int>(share * Full + 0.5) - mask.Cells[cell];
+            if (lacking > 0) {
+                AddCell(mask, cell, lacking);
             }
         }
     }
@@ -285,22 +271,26 @@ void CoverPiece(CoverageMask& mask, const StrokeStyle& style, const Segment& pie
     }
 }
 
-/// The dashes of the part between two shares of a line. `travelled`: pixels of the stroke ahead of the line.
-void CoverDashes(CoverageMask& mask, const StrokeStyle& style, const Segment& s, Lie lie, double margin,
-                 double from, double to, double travelled)
+/// The dashes of the part of a line that is seen, `travelled` pixels after the start of its stroke. Counted from there:
+/// adding to a huge length might not move it.
+void CoverDashes(CoverageMask& mask, const StrokeStyle& style, const Segment& seen, Lie lie, double travelled)
 {
-    const double length = std::hypot(s.X2 - s.X1, s.Y2 - s.Y1);
+    const double length = std::hypot(seen.X2 - seen.X1, seen.Y2 - seen.Y1);
+    if (!(length > 0.0)) {
+        return;
+    }
     const double period = style.DashOn + style.DashOff;
-    const double end = to * length;
-    const double phase = std::fmod(travelled + from * length, period);
-    // Counted from the first dash: adding to a huge length might not move it.
-    const int dashes = static_cast<int>((end - from * length + phase) / period) + 1;
-    const double first = from * length - phase;
-    for (int i = 0; i < dashes; ++i) {
-        const double dashStart = std::max(from * length, first + i * period);
-        const double dashEnd = std::min(end, first + i * period + style.DashOn);
-        if (dashEnd > dashStart) {
-            CoverPiece(mask, style, PieceOf(mask, s, margin, dashStart / length, dashEnd / length), lie, 0.0);
+    const double phase = std::fmod(travelled, period);
+    const double stepX = (seen.X2 - seen.X1) / length;
+    const double stepY = (seen.Y2 - seen.Y1) / length;
+    for (double start = -phase; start < length; start += period) {
+        const double from = std::max(0.0, start);
+        const double to = std::min(length, start + style.DashOn);
+        if (to > from) {
+            CoverPiece(
+                mask, style,
+                {seen.X1 + from * stepX, seen.Y1 + from * stepY, seen.X1 + to * stepX, seen.Y1 + to * stepY},
+                lie, 0.0);
         }
     }
 }
@@ -309,111 +299,6 @@ bool IsFinite(const Segment& s)
 {
     return std::isfinite(s.X1) && std::isfinite(s.Y1) && std::isfinite(s.X2) && std::isfinite(s.Y2) &&
            std::isfinite(s.X2 - s.X1) && std::isfinite(s.Y2 - s.Y1);
-}
-
-void CoverSegment(CoverageMask& mask, const StrokeStyle& style, Segment s, double travelled)
-{
-    if (!IsFinite(s)) {
-        return;
-    }
-    const Lie lie = LieOf(s);
-    if (lie.Horizontal) {
-        s.Y1 = s.Y2 = (s.Y1 + s.Y2) / 2;
-    } else if (lie.Vertical) {
-        s.X1 = s.X2 = (s.X1 + s.X2) / 2;
-    }
-    const double margin = Margin + style.Width;
-    double from = 0.0;
-    double to = 1.0;
-    const bool seen = CutToImage(mask, s, margin, from, to);
-    const double length = std::hypot(s.X2 - s.X1, s.Y2 - s.Y1);
-    if (style.DashOn > 0.0 && length > 0.0) {
-        if (seen) {
-            CoverDashes(mask, style, s, lie, margin, from, to, travelled);
-        }
-        return;
-    }
-    if (seen) {
-        CoverPiece(mask, style, PieceOf(mask, s, margin, from, to), lie, style.Width / 2.0);
-    }
-    if (style.Smooth && length > 0.0) {
-        JoinStroke(mask, style.Width, s, (s.X2 - s.X1) / length, (s.Y2 - s.Y1) / length);
-    }
-}
-
-double PointX(const PixelArc& arc, double angle)
-{
-    return arc.CentreX + arc.RadiusX * std::cos(angle);
-}
-
-double PointY(const PixelArc& arc, double angle)
-{
-    return arc.CentreY + arc.RadiusY * std::sin(angle);
-}
-
-/// The chords of the part of an arc from `from` to `to`, angles after its start.
-void CoverChords(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc, double from, double to)
-{
-    const double radius = std::max(std::fabs(arc.RadiusX), std::fabs(arc.RadiusY));
-    const double step = radius > ChordError ? 2 * std::sqrt(2 * ChordError / radius) : std::numbers::pi / 4;
-    const double wanted = std::ceil((to - from) / std::min(step, std::numbers::pi / 4));
-    const int count = static_cast<int>(std::clamp(wanted, 1.0, static_cast<double>(MostChords)));
-    double x = PointX(arc, arc.Start + from);
-    double y = PointY(arc, arc.Start + from);
-    double travelled = from * radius;
-    for (int i = 1; i <= count; ++i) {
-        const double angle = arc.Start + from + (to - from) * i / count;
-        const double nextX = PointX(arc, angle);
-        const double nextY = PointY(arc, angle);
-        CoverSegment(mask, style, {x, y, nextX, nextY}, travelled);
-        travelled += std::hypot(nextX - x, nextY - y);
-        x = nextX;
-        y = nextY;
-    }
-}
-
-/// Keeps an angle at which the whole ellipse crosses a border of the image, counted from the start, if the arc has it.
-void AddCrossing(const PixelArc& arc, double angle, std::array<double, 10>& crossings, std::size_t& count)
-{
-    constexpr double Turn = 2 * std::numbers::pi;
-    double after = std::fmod(angle - arc.Start, Turn);
-    after = after < 0.0 ? after + Turn : after;
-    if (after < arc.Sweep) {
-        crossings[count++] = after;
-    }
-}
-
-/// An arc that may be far larger than the image: only what is between the crossings with its borders, where it's inside.
-void CoverLargeArc(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc)
-{
-    const double margin = Margin + style.Width;
-    std::array<double, 10> crossings{};
-    std::size_t count = 0;
-    crossings[count++] = 0.0;
-    for (const double border : {-margin, mask.Width + margin}) {
-        const double cosine = (border - arc.CentreX) / arc.RadiusX;
-        if (std::fabs(cosine) <= 1.0) {
-            AddCrossing(arc, std::acos(cosine), crossings, count);
-            AddCrossing(arc, -std::acos(cosine), crossings, count);
-        }
-    }
-    for (const double border : {-margin, mask.Height + margin}) {
-        const double sine = (border - arc.CentreY) / arc.RadiusY;
-        if (std::fabs(sine) <= 1.0) {
-            AddCrossing(arc, std::asin(sine), crossings, count);
-            AddCrossing(arc, std::numbers::pi - std::asin(sine), crossings, count);
-        }
-    }
-    crossings[count++] = arc.Sweep;
-    std::sort(crossings.begin(), crossings.begin() + static_cast<std::ptrdiff_t>(count));
-    for (std::size_t i = 0; i + 1 < count; ++i) {
-        const double middle = arc.Start + (crossings[i] + crossings[i + 1]) / 2;
-        const double x = PointX(arc, middle);
-        const double y = PointY(arc, middle);
-        if (x >= -margin && y >= -margin && x <= mask.Width + margin && y <= mask.Height + margin) {
-            CoverChords(mask, style, arc, crossings[i], crossings[i + 1]);
-        }
-    }
 }
 } // namespace
 
@@ -434,20 +319,32 @@ void EmptyMask(CoverageMask& mask)
     mask.Chains = {};
 }
 
-void CoverLine(CoverageMask& mask, const StrokeStyle& style, double x1, double y1, double x2, double y2)
+void CoverLine(CoverageMask& mask, const StrokeStyle& style, double x1, double y1, double x2, double y2,
+               double travelled)
 {
-    CoverSegment(mask, style, {x1, y1, x2, y2}, 0.0);
-}
-
-void CoverArc(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc)
-{
-    if (!std::isfinite(arc.CentreX) || !std::isfinite(arc.CentreY) || !std::isfinite(arc.RadiusX) ||
-        !std::isfinite(arc.RadiusY) || !std::isfinite(arc.Start) || !std::isfinite(arc.Sweep)) {
+    Segment s{x1, y1, x2, y2};
+    if (!IsFinite(s)) {
         return;
     }
-    if (std::max(std::fabs(arc.RadiusX), std::fabs(arc.RadiusY)) > LargeRadius) {
-        CoverLargeArc(mask, style, arc);
-    } else {
-        CoverChords(mask, style, arc, 0.0, arc.Sweep);
+    const Lie lie = LieOf(s);
+    if (lie.Horizontal) {
+        s.Y1 = s.Y2 = (s.Y1 + s.Y2) / 2;
+    } else if (lie.Vertical) {
+        s.X1 = s.X2 = (s.X1 + s.X2) / 2;
+    }
+    Segment piece = s;
+    const bool seen = CutToImage(mask, SeenAround + style.Width, piece);
+    const double length = std::hypot(s.X2 - s.X1, s.Y2 - s.Y1);
+    if (style.DashOn > 0.0 && length > 0.0) {
+        if (seen) {
+            CoverDashes(mask, style, piece, lie, travelled + std::hypot(piece.X1 - s.X1, piece.Y1 - s.Y1));
+        }
+        return;
+    }
+    if (seen) {
+        CoverPiece(mask, style, piece, lie, style.Width / 2.0);
+    }
+    if (style.Smooth && length > 0.0) {
+        JoinStroke(mask, style.Width, s, (s.X2 - s.X1) / length, (s.Y2 - s.Y1) / length);
     }
 }

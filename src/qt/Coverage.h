@@ -49,6 +49,9 @@ struct PixelArc {
     double Sweep = 0.0;
 };
 
+/// Pixels around the image, and a pen's width more, in which strokes are still worked out.
+inline constexpr double SeenAround = 4.0;
+
 /// An empty mask for an image of so many pixels.
 void ResizeMask(CoverageMask& mask, int width, int height);
 
@@ -57,7 +60,9 @@ void EmptyMask(CoverageMask& mask);
 
 /// A line between two points; pixel (0, 0) spans 0 to 1. Lines along an axis cover whole pixels, the end pixels included.
 /// Any numbers may come: what isn't finite covers nothing, what is out of the image costs nothing.
-void CoverLine(CoverageMask& mask, const StrokeStyle& style, double x1, double y1, double x2, double y2);
+/// `travelled`: length of the stroke ahead of this line, from which its dashes count on.
+void CoverLine(CoverageMask& mask, const StrokeStyle& style, double x1, double y1, double x2, double y2,
+               double travelled = 0.0);
 
 /// An arc, flattened into chords that nobody can tell from it. Costs no more than the part of it that is in the image.
 void CoverArc(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc);

@@ -17,6 +17,7 @@ namespace
 {
 constexpr double DashPixels = 6.0; ///< device-independent, as the widths of pens are
 constexpr double GapPixels = 4.0;
+constexpr double WidestPen = 200.0; ///< pixels of the image
 constexpr std::uint32_t ColourBits = 0xFFFFFF;
 constexpr std::uint32_t Opaque = 0xFF000000;
 
@@ -143,7 +144,7 @@ void EndStroke(Picture picture)
 void UpdateStyle(PaintedPicture& painted)
 {
     const auto pixels = [&painted](double length) { return std::round(length * painted.PixelRatio); };
-    painted.Style.Width = std::max(1, static_cast<int>(pixels(painted.Pen.Width)));
+    painted.Style.Width = static_cast<int>(std::clamp(pixels(painted.Pen.Width), 1.0, WidestPen));
     painted.Style.Smooth = !painted.Pen.Inverting;
     painted.Style.DashOn = painted.Pen.Dashed ? std::max(1.0, pixels(DashPixels)) : 0.0;
     painted.Style.DashOff = painted.Pen.Dashed ? std::max(1.0, pixels(GapPixels)) : 0.0;
