@@ -16,7 +16,8 @@ PAPER = "#ffffff"
 PART = "#8fbdea"
 GHOST_FILL = "#dfe0dc"
 GHOST_INK = "#99a1a4"
-MOVE = "#e46c00"
+STEEL = "#76858f"
+MOVE = "#dd6000"
 LEAD = "#12863a"
 STOP = "#c81e1e"
 FOCUS = "#ffe84a"
@@ -101,19 +102,19 @@ def head(x, y, angle, size, ink):
     return polygon((x, y), left, right, fill=ink, ink=ink, width=1.6)
 
 
-def with_halo(d, tip, angle, size, ink, width):
+def with_halo(d, tip, angle, size, ink, width, halo=HALO):
     left = on_circle(*tip, size, angle + 180 - 38)
     right = on_circle(*tip, size, angle + 180 + 38)
-    halo = path(d, ink=PAPER, width=width + HALO) + path(points(tip, left, right) + " Z", PAPER, PAPER, 1.6 + HALO)
-    return halo + path(d, ink=ink, width=width) + head(*tip, angle, size, ink)
+    ground = path(d, ink=PAPER, width=width + halo) + polygon(tip, left, right, fill=PAPER, ink=PAPER, width=1.6 + halo)
+    return ground + path(d, ink=ink, width=width) + head(*tip, angle, size, ink)
 
 
-def arrow(*xy, ink=MOVE, size=10, width=4):
+def arrow(*xy, ink=MOVE, size=10, width=4, halo=HALO):
     """An arrow through the points; its tip is the last of them."""
     (x1, y1), (x2, y2) = xy[-2], xy[-1]
     angle = math.degrees(math.atan2(y1 - y2, x2 - x1))
     neck = on_circle(x2, y2, size * 0.75, angle + 180)
-    return with_halo(points(*xy[:-1], neck), (x2, y2), angle, size, ink, width)
+    return with_halo(points(*xy[:-1], neck), (x2, y2), angle, size, ink, width, halo)
 
 
 def arc_arrow(x, y, r, start, end, ink=MOVE, size=10, width=4):
@@ -192,12 +193,13 @@ def disk(x, y, s, width=KEY_STROKE):
     return body + shutter + label
 
 
-def torch(x, y, s=1.0, ink=INK, width=KEY_STROKE):
-    """A cutting torch with its tip at (x, y), coming from above."""
+def torch(x, y, s=1.0, width=KEY_STROKE):
+    """A cutting torch that comes from above, its beam on (x, y)."""
     def p(u, v):
         return x + u * s, y + v * s
-    return (polygon(p(-5, -20), p(5, -20), p(5, -10), p(1.6, -4), p(-1.6, -4), p(-5, -10), fill=PAPER, ink=ink, width=width)
-            + line(p(0, -3), p(0, 0), ink=STOP, width=width))
+    body = polygon(p(-6, -22), p(6, -22), p(6, -13), p(2.5, -8), p(-2.5, -8), p(-6, -13), fill=STEEL, width=width)
+    sparks = line(p(-5, -4), p(-2.5, -1.5), ink=STOP, width=width * 0.7) + line(p(5, -4), p(2.5, -1.5), ink=STOP, width=width * 0.7)
+    return body + line(p(0, -5), p(0, 0), ink=STOP, width=width) + sparks
 
 
 def sheet_of_parts(x, y, w, h, across=3, down=2, width=KEY_STROKE):
@@ -306,7 +308,7 @@ def parameters_picture():
 
 def cutting_picture():
     """The part, and the torch on its contour."""
-    return bracket(4, 14, 31) + torch(30, 28, 1.25)
+    return bracket(4, 14, 31) + torch(30, 28, 1.15)
 
 
 def screen_key(picture, forward):
@@ -402,11 +404,11 @@ def nest_key(kind):
     """Nine cells, straight or staggered, and the way from the first copy to the last; the first is at the lower left."""
     staggered = kind >= 3
     by_rows = kind in (1, 3)
-    pitch_x, pitch_y, side = (15, 15, 11) if not staggered else (15, 15, 10.5)
+    pitch, side = 15, 12
 
     def centre(column, row):
-        shift = pitch_x / 2 if staggered and row % 2 == 0 else 0
-        return 9 + (column - 1) * pitch_x + shift, 39 - (row - 1) * pitch_y
+        shift = pitch / 2 if staggered and row % 2 == 0 else 0
+        return 9 + (column - 1) * pitch + shift, 39 - (row - 1) * pitch
 
     def fits(column, row):
         return not staggered or row % 2 == 1 or column < 3
@@ -416,8 +418,8 @@ def nest_key(kind):
         run = (1, 2, 3) if first % 2 else (3, 2, 1)
         cells = [(second, first) if by_rows else (first, second) for second in run]
         way += [centre(*cell) for cell in cells if fits(*cell)]
-    tiles = "".join(tile(x - side / 2, y - side / 2, side, side, width=1.8) for x, y in way)
-    return tiles + dot(*way[0], 3.4, MOVE) + arrow(*way, size=9, width=3)
+    tiles = "".join(tile(x - side / 2, y - side / 2, side, side, width=1.4) for x, y in way)
+    return tiles + arrow(*way, size=9.5, width=3, halo=1.6) + dot(*way[0], 3.6, MOVE)
 
 
 def sim_key(run):
@@ -434,16 +436,15 @@ def path_change_key():
 def path_cursor(x, y):
     """The mark of the point where the program starts."""
     r = 6.5
-    return (ring(x, y, r, PAPER, STOP) + line((x - r - 4, y), (x + r + 4, y), ink=STOP, width=2)
-            + line((x, y - r - 4), (x, y + r + 4), ink=STOP, width=2))
+    return (ring(x, y, r, PAPER, PAPER, 3 + HALO) + ring(x, y, r, PAPER, STOP, 3) + line((x - r - 4.5, y), (x + r + 4.5, y), ink=STOP, width=2.2)
+            + line((x, y - r - 4.5), (x, y + r + 4.5), ink=STOP, width=2.2))
 
 
 def path_key(forward):
-    """The cursor on the lower edge of a clockwise contour, which is cut from right to left."""
-    part = box(3, 3, 42, 16, PART)
-    chevrons = "".join(line((x + 4, 14.5), (x, 19), (x + 4, 23.5), width=2.2) for x in (8, 35))
-    x1, x2 = (41.5, 6.5) if forward else (6.5, 41.5)
-    return part + chevrons + path_cursor(24, 19) + arrow((x1, 38), (x2, 38), size=11.5, width=4.8)
+    """The cursor on the lower edge of a part; the cut runs leftwards there, away from its lead-in."""
+    part = box(3, 3, 42, 24, PART) + group("rotate(180 37 27)", lead(37, 27, scale=0.85))
+    x1, x2 = (39, 8) if forward else (9, 40)
+    return part + path_cursor(18, 27) + arrow((x1, 11.5), (x2, 11.5), size=11, width=4.6)
 
 
 def count_key():
@@ -548,8 +549,9 @@ def tab_pictures():
 
     def cutting(fill):
         return (path("M2 17 L22 17 L22 22 L2 22 Z", fill, INK, w)
-                + polygon((8, 2), (16, 2), (16, 7), (13, 11), (11, 11), (8, 7), fill=PAPER, width=w)
-                + line((12, 13), (12, 16), ink=STOP, width=w))
+                + polygon((8, 2), (16, 2), (16, 6), (13, 9), (11, 9), (8, 6), fill=STEEL, width=w)
+                + line((12, 11), (12, 15), ink=STOP, width=w) + line((8, 11), (8.5, 12), ink=STOP, width=1.6)
+                + line((16, 11), (15.5, 12), ink=STOP, width=1.6))
 
     def nesting(fill):
         return (box(2, 3, 20, 18, PAPER, INK, w, 2)
@@ -589,20 +591,20 @@ def letter(name, x, y, size, ink):
 
 def lead_help():
     """The lead-in, line A and arc B, and the lead-out, arc D and line C, at a contour that is cut from left to right."""
-    x, y, r = 60, 54, 22
-    contour = box(3, y, 114, 15, PART, INK, 3)
+    x, y, r = 60, 58, 24
+    contour = box(3, y, 114, 11, PART, INK, 3)
     lead_in = (path(f"M{x - r} 9 L{x - r} {y - r} A{r} {r} 0 0 0 {x} {y}", ink=LEAD, width=4) + dot(x - r, 9, 4.6, LEAD))
     lead_out = path(f"M{x} {y} A{r} {r} 0 0 0 {x + r} {y - r}", ink=MOVE, width=4) + arrow(
         (x + r, y - r), (x + r, 4), size=12, width=4)
     joints = "".join(line((a - 4, y - r), (a + 4, y - r), width=2) for a in (x - r, x + r))
-    letters = (letter("A", 24, 20, 14, LEAD) + letter("B", 31, 44, 14, LEAD)
-               + letter("C", 97, 20, 14, MOVE) + letter("D", 90, 44, 14, MOVE))
+    letters = (letter("A", 23, 21, 14, LEAD) + letter("B", 28, 46.5, 13, LEAD)
+               + letter("C", 98, 21, 14, MOVE) + letter("D", 92, 46.5, 13, MOVE))
     return contour + head(106, y, 0, 10, INK) + lead_out + lead_in + joints + dot(x, y, 4) + letters
 
 
 def application():
     return (box(3, 10, 42, 34, PAPER) + ring(24, 29, 11.5, PART) + ring(24, 29, 4.5, PAPER)
-            + torch(35.5, 22, 0.95))
+            + torch(35, 23.5, 0.9))
 
 
 def write(name, grid, content):

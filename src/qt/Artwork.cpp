@@ -3,6 +3,7 @@
 #include "qt/ShapePictures.h"
 
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 #include <array>
@@ -151,6 +152,21 @@ QRect FitInto(const QSizeF& drawing, const QSize& room)
     const QSize fitted = drawing.scaled(room, Qt::KeepAspectRatio).toSize();
     return {QPoint((room.width() - fitted.width()) / 2, (room.height() - fitted.height()) / 2), fitted};
 }
+
+QPixmap RenderArt(const QString& file, const QSize& pixels)
+{
+    UseArtFiles();
+    QSvgRenderer drawing(file);
+    if (!drawing.isValid()) {
+        return {};
+    }
+    QPixmap picture(pixels);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing.render(&painter, QRectF(FitInto(drawing.viewBoxF().size(), pixels)));
+    return picture;
+}
 } // namespace
 
 QString ArtFile(const ImageRef& image)
@@ -175,19 +191,14 @@ QPixmap DrawArt(const QString& file, QSize size, qreal pixelRatio)
     if (file.isEmpty() || size.isEmpty() || !(pixelRatio > 0.0)) {
         return {};
     }
-    UseArtFiles();
-    QSvgRenderer drawing(file);
-    if (!drawing.isValid()) {
-        return {};
-    }
     const QSize pixels(static_cast<int>(std::lround(size.width() * pixelRatio)),
                        static_cast<int>(std::lround(size.height() * pixelRatio)));
-    QPixmap picture(pixels);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawing.render(&painter, QRectF(FitInto(drawing.viewBoxF().size(), pixels)));
-    painter.end();
+    const QString key = QStringLiteral("%1 %2x%3").arg(file).arg(pixels.width()).arg(pixels.height());
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        picture = RenderArt(file, pixels);
+        QPixmapCache::insert(key, picture);
+    }
     picture.setDevicePixelRatio(pixelRatio);
     return picture;
 }

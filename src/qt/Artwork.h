@@ -21,5 +21,5 @@ QString ArtFile(const QString& name);
 
 /// The drawing `file` fitted into `size` device-independent pixels, centred, its proportions kept, on nothing; the
 /// picture has exactly the pixels that `size` takes on a screen of `pixelRatio`. Null for an empty size or a file that
-/// can't be drawn.
+/// can't be drawn. A key bar is drawn at each change of the focus, so pictures are kept in Qt's own bounded store.
 QPixmap DrawArt(const QString& file, QSize size, qreal pixelRatio);
