@@ -75,7 +75,7 @@ void PlaceKeyBar(const Measures& m)
     const int width = m.Width / KeyDivisor;
     for (int i = 0; i < KeyCount; ++i) {
         QToolButton* key = Window.Keys[static_cast<std::size_t>(i)];
-        const int left = m.Width * i / KeyCount + (m.Width / KeyCount - width) / 2;
+        const int left = (m.Width * (2 * i + 1) / KeyCount - width) / 2;
         key->setGeometry(left, m.Height - m.Button, width, m.Button);
         const int icon = std::max(8, std::min(width, m.Button) - KeyInset);
         key->setIconSize(QSize(icon, icon));

@@ -348,6 +348,7 @@ ListMetrics MeasureShownList(std::int16_t tab)
     if (list->count() == 0) {
         return metrics;
     }
+    list->doItemsLayout(); // it comes late by itself when the list became another size
     const bool icons = AppState.Lists[static_cast<std::size_t>(tab)].View == ViewIcons;
     const QRect first = list->visualItemRect(list->item(0));
     int across = 1; // items in the first row or column, as they stand
@@ -360,7 +361,7 @@ ListMetrics MeasureShownList(std::int16_t tab)
     }
     const double spacing = icons ? IconSpacing : tab == TabPrograms ? JobSpacing : LineSpacing;
     const auto room = [across, spacing](int size) {
-        return static_cast<std::int32_t>(std::ceil(spacing * size * across));
+        return static_cast<std::int32_t>(std::ceil(spacing * size * across)) + 1; // safe from rounding
     };
     metrics.ItemWidth = first.width();
     metrics.ItemHeight = first.height();
