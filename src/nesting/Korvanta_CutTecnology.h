@@ -62,7 +62,7 @@ void DrawOriginMark(Picture picture);
 
 /// Scene and statistics of the current screen, strokes of the overlay `width` pixels wide; with `fit` the view is
 /// fitted first. A frame of the zoom or a rubber line that stood on the picture stands there again. Off the Cutting and
-/// Nesting screens nothing.
+/// Nesting screens nothing; in SaveMode the nest on the preview.
 void RedrawCurrent(std::int16_t width, Flag fit);
 
 /// The same with the usual width: what AppState.Redraw is set to.

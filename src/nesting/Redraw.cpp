@@ -156,15 +156,24 @@ void DrawOriginMark(Picture picture)
     DrawArrow(picture, x, y - PixelsY(OriginBefore), x, y + PixelsY(OriginAfter), ColourBlue);
 }
 
+void DrawNestPreview()
+{
+    DrawScene(Picture::Preview, FlagOn, FlagOff, FlagOff);
+}
+
 void RedrawCurrent(std::int16_t width, Flag fit)
 {
     if (!HasStatistics()) {
         return;
     }
     const Picture picture = CurrentPicture();
+    if (picture == Picture::Preview) {
+        DrawNestPreview();
+        return;
+    }
     DrawScene(picture, fit, FlagOn, FlagOn);
     DrawStatistics(picture, width);
-    if (!PictureShown() || picture == Picture::Preview) {
+    if (!PictureShown()) {
         return;
     }
     if (AppState.ZoomFrame > 0.0) {
@@ -178,11 +187,6 @@ void RedrawCurrent(std::int16_t width, Flag fit)
 void RedrawScene(Flag fit)
 {
     RedrawCurrent(OverlayWidth, fit);
-}
-
-void DrawNestPreview()
-{
-    DrawScene(Picture::Preview, FlagOn, FlagOff, FlagOff);
 }
 
 void RefreshPart(Picture picture)

@@ -15,7 +15,9 @@ namespace
 constexpr int DesignHeight = 480; ///< window height of the design font
 constexpr int DesignFont = 13;    ///< pixels of it
 constexpr int LargestFont = 22;
-constexpr int DesignButtonHeight = 60; ///< key bar of a window that fills the screen
+constexpr int LeastTabFont = 9;
+constexpr int DesignScreen = 768;      ///< height of the screen that the key bar is designed for
+constexpr int DesignButtonHeight = 60; ///< of that key bar
 constexpr int KeyDivisor = 11;         ///< a key is an eleventh of the window wide
 constexpr int KeyCount = 10;
 constexpr int KeyInset = 6; ///< from a key's edge to its picture
@@ -52,7 +54,9 @@ Measures MeasureWindow()
     Measures m;
     m.Width = Window.Main->width();
     m.Height = Window.Main->height();
-    m.Button = AppState.Window.ButtonHeight > 0 ? AppState.Window.ButtonHeight : DesignButtonHeight;
+    m.Button = AppState.Window.ButtonHeight > 0
+                   ? AppState.Window.ButtonHeight
+                   : std::max(DesignButtonHeight, DesignButtonHeight * m.Height / DesignScreen);
     m.Button = std::min(m.Button, m.Height / 2);
     const int host = std::clamp<int>(AppState.HostBarHeight, 0, m.Height / 2);
     m.Work = QRect(0, host, m.Width, m.Height - m.Button - host);
@@ -60,14 +64,27 @@ Measures MeasureWindow()
     return m;
 }
 
+/// The window's font, or a smaller one where the captions are too long for the window.
+void FitTabs(QTabBar* tabs, QFont font)
+{
+    for (int pixels = font.pixelSize(); pixels >= LeastTabFont; --pixels) {
+        font.setPixelSize(pixels);
+        tabs->setFont(font);
+        const int icon = QFontMetrics(font).height() + 4;
+        tabs->setIconSize(QSize(icon, icon));
+        if (tabs->sizeHint().width() <= Window.Main->width()) {
+            return;
+        }
+    }
+}
+
 void SetFonts()
 {
     QFont font = Window.Main->font();
     font.setPixelSize(FontPixels(Window.Main->height()));
     Window.Main->setFont(font);
-    const int icon = QFontMetrics(font).height() + 4;
-    Window.InputTabs->setIconSize(QSize(icon, icon));
-    Window.CamTabs->setIconSize(QSize(icon, icon));
+    FitTabs(Window.InputTabs, font);
+    FitTabs(Window.CamTabs, font);
 }
 
 void PlaceKeyBar(const Measures& m)
@@ -265,8 +282,6 @@ void RedrawBoxes()
         if (AppState.ShapeId == 0) {
             DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
         }
-    } else if (AppState.PreviewNest != FlagOff) {
-        DrawNestPreview();
     } else if (AppState.Redraw != nullptr) {
         AppState.Redraw(FlagOn);
     }

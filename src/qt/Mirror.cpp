@@ -14,9 +14,9 @@
 
 namespace
 {
-constexpr int ShapeIcon = 64;      ///< of the shape lists, in device-independent pixels
-constexpr int LargeShapeIcon = 96; ///< from a window of this height on:
-constexpr int LargeWindow = 700;
+constexpr int LeastShapeIcon = 64; ///< of the shape lists, in device-independent pixels
+constexpr int LargestShapeIcon = 128;
+constexpr int IconsDown = 8;        ///< pictures that the window's height has room for
 constexpr double IconSpacing = 1.2; ///< of the items, as the shell counts them
 constexpr double JobSpacing = 1.02;
 constexpr double LineSpacing = 1.1;
@@ -140,7 +140,7 @@ void ShowTabs(QTabBar* tabs, std::int16_t current, const std::array<std::string,
 
 void ArrangeIcons(QListWidget* list)
 {
-    const int icon = Window.Main->height() >= LargeWindow ? LargeShapeIcon : ShapeIcon;
+    const int icon = std::clamp(Window.Main->height() / IconsDown, LeastShapeIcon, LargestShapeIcon);
     const int text = list->fontMetrics().height();
     list->setViewMode(QListView::IconMode);
     list->setMovement(QListView::Static);

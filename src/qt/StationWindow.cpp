@@ -210,6 +210,7 @@ void MakeStationWindow()
 void ShowStationWindow()
 {
     if (AppState.Window.WholeScreen != FlagOff) {
+        Window.Main->setGeometry(Window.Main->screen()->geometry()); // where no window manager sees to it
         Window.Main->showFullScreen();
     } else {
         Window.Main->resize(AppState.Window.Width, AppState.Window.Height);

@@ -151,11 +151,6 @@ bool IsListMove(const QKeyEvent& event)
     }
 }
 
-bool IsEsc(std::int16_t code)
-{
-    return code == KeyEsc || code == AppState.EscAlias;
-}
-
 /// A key in a control; false leaves it to the control itself. A text that is typed stays a text: a name may hold a D.
 bool ControlKey(QWidget* control, const QKeyEvent& event)
 {
@@ -163,7 +158,8 @@ bool ControlKey(QWidget* control, const QKeyEvent& event)
     const std::int16_t shift = ShiftOf(event);
     const FieldPlace place = PlaceOf(control);
     const bool isName = control == Window.TextFileName;
-    if ((!place.Fields.empty() || isName) && IsTextKey(event) && !IsEsc(code) && !IsZoomMove(place, code)) {
+    if ((!place.Fields.empty() || isName) && IsTextKey(event) && !IsExitKey(code) &&
+        !IsZoomMove(place, code)) {
         return false;
     }
     const std::int16_t tab = ListTab(control);

@@ -1,6 +1,8 @@
 // The window: what it shows of the records, and what it tells the shell.
 #include "qt/ShownStation.h"
 
+#include "nesting/Korvanta_CutTecnology.h"
+#include "qt/PaintSurface.h"
 #include "shell/MsgBox_Unicode.h"
 
 #include <QTimer>
@@ -378,6 +380,22 @@ TEST_F(StationWindow, AWindowSmallerThanItsPanelsStaysWhole)
     Press(Qt::Key_F9);
     EXPECT_EQ(AppState.ScreenState, ScreenCutting);
     ExpectTidy(Window.FrameCutting, "after all");
+}
+
+TEST_F(StationWindow, TheNestThatIsSavedStandsAloneOnThePreview)
+{
+    Open();
+    OpenPart(TabNesting);
+    Type("1500");
+    Press(Qt::Key_F10);
+    ASSERT_EQ(Window.Main->focusWidget(), Window.TextFileName);
+    const QImage shown = SurfaceImage(Picture::Preview).copy();
+    DrawNestPreview();
+    EXPECT_EQ(SurfaceImage(Picture::Preview), shown);
+    QImage blank = shown;
+    blank.fill(Qt::white);
+    EXPECT_NE(shown, blank);
+    EXPECT_GT(AppState.CountX, 1);
 }
 
 TEST_F(StationWindow, EveryControlHasAName)
