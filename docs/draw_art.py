@@ -1,238 +1,18 @@
 #!/usr/bin/env python3
 """Draws the artwork of the window: every src/qt/art/*.svg and the list of them, art.qrc.
 
-One hand for all pictures: keys on a grid of 48 with strokes of 2.6, tabs and signs on a grid of 24 with strokes of 2; the
-same little bracket wherever a part is meant; slate outlines, blue parts, orange for what a key moves, green for a
-lead-in and for yes, red for stop and delete. No text. Only elements that QtSvg draws: path, rect, circle, g.
-y runs downward, angles are degrees and run counter-clockwise on the screen.
+The same little bracket stands wherever a part is meant, a page with it for a job. No text; only elements that QtSvg
+draws: path, rect, circle, g.
 """
-import math
 import pathlib
 
+from art_strokes import (
+    INK, PAPER, PART, GHOST_FILL, GHOST_INK, STEEL, MOVE, LEAD, STOP, FOCUS, KEY_GRID, TAB_GRID, TAB_STROKE,
+    HALO, arc_arrow, arrow, box, bracket, centred_axis, cross, disk, dot, folder, glass, group, head, lead,
+    line, number, on_circle, page, path, polygon, ring, rows, sheet_of_parts, star, tick, tile, torch,
+)
+
 ART = pathlib.Path(__file__).resolve().parent.parent / "src" / "qt" / "art"
-
-INK = "#26343f"
-PAPER = "#ffffff"
-PART = "#8fbdea"
-GHOST_FILL = "#dfe0dc"
-GHOST_INK = "#99a1a4"
-STEEL = "#76858f"
-MOVE = "#dd6000"
-LEAD = "#12863a"
-STOP = "#c81e1e"
-FOCUS = "#ffe84a"
-
-KEY_GRID = 48
-KEY_STROKE = 2.6
-TAB_GRID = 24
-TAB_STROKE = 2
-HALO = 2.6  # white border that keeps a moving thing apart from what lies under it
-RADIUS = 2.5  # of the corners of sheets, boxes and tiles
-
-
-# --- strokes ------------------------------------------------------------------------------------------------
-
-def number(value):
-    return f"{value:.2f}".rstrip("0").rstrip(".") if value else "0"
-
-
-def style(fill, ink, width):
-    parts = [f'fill="{fill}"']
-    if ink != "none":
-        parts.append(f'stroke="{ink}" stroke-width="{number(width)}" stroke-linecap="round" stroke-linejoin="round"')
-    return " ".join(parts)
-
-
-def path(d, fill="none", ink=INK, width=KEY_STROKE):
-    return f'<path d="{d}" {style(fill, ink, width)}/>'
-
-
-def points(*xy):
-    return " ".join(f"{'L' if i else 'M'}{number(x)} {number(y)}" for i, (x, y) in enumerate(xy))
-
-
-def line(*xy, ink=INK, width=KEY_STROKE):
-    return path(points(*xy), ink=ink, width=width)
-
-
-def polygon(*xy, fill="none", ink=INK, width=KEY_STROKE):
-    return path(points(*xy) + " Z", fill, ink, width)
-
-
-def box(x, y, w, h, fill=PAPER, ink=INK, width=KEY_STROKE, radius=RADIUS):
-    return (f'<rect x="{number(x)}" y="{number(y)}" width="{number(w)}" height="{number(h)}" rx="{number(radius)}" '
-            f'{style(fill, ink, width)}/>')
-
-
-def ring(x, y, r, fill="none", ink=INK, width=KEY_STROKE):
-    return f'<circle cx="{number(x)}" cy="{number(y)}" r="{number(r)}" {style(fill, ink, width)}/>'
-
-
-def dot(x, y, r=2.6, fill=INK):
-    return ring(x, y, r, fill, "none")
-
-
-def group(transform, *parts):
-    return f'<g transform="{transform}">' + "".join(parts) + "</g>"
-
-
-def on_circle(x, y, r, angle):
-    return x + r * math.cos(math.radians(angle)), y - r * math.sin(math.radians(angle))
-
-
-def arc_d(x, y, r, start, end):
-    """Path data of an arc about (x, y); counter-clockwise when end is above start."""
-    x1, y1 = on_circle(x, y, r, start)
-    x2, y2 = on_circle(x, y, r, end)
-    far = int(abs(end - start) > 180)
-    return (f"M{number(x1)} {number(y1)} A{number(r)} {number(r)} 0 {far} {int(end < start)} "
-            f"{number(x2)} {number(y2)}")
-
-
-def arc(x, y, r, start, end, ink=INK, width=KEY_STROKE):
-    return path(arc_d(x, y, r, start, end), ink=ink, width=width)
-
-
-# --- arrows -------------------------------------------------------------------------------------------------
-
-def head(x, y, angle, size, ink):
-    """A filled arrow head whose tip stands at (x, y) and points along `angle`."""
-    left = on_circle(x, y, size, angle + 180 - 38)
-    right = on_circle(x, y, size, angle + 180 + 38)
-    return polygon((x, y), left, right, fill=ink, ink=ink, width=1.6)
-
-
-def with_halo(d, tip, angle, size, ink, width, halo=HALO):
-    left = on_circle(*tip, size, angle + 180 - 38)
-    right = on_circle(*tip, size, angle + 180 + 38)
-    ground = path(d, ink=PAPER, width=width + halo) + polygon(tip, left, right, fill=PAPER, ink=PAPER, width=1.6 + halo)
-    return ground + path(d, ink=ink, width=width) + head(*tip, angle, size, ink)
-
-
-def arrow(*xy, ink=MOVE, size=10, width=4, halo=HALO):
-    """An arrow through the points; its tip is the last of them."""
-    (x1, y1), (x2, y2) = xy[-2], xy[-1]
-    angle = math.degrees(math.atan2(y1 - y2, x2 - x1))
-    neck = on_circle(x2, y2, size * 0.75, angle + 180)
-    return with_halo(points(*xy[:-1], neck), (x2, y2), angle, size, ink, width, halo)
-
-
-def arc_arrow(x, y, r, start, end, ink=MOVE, size=10, width=4):
-    """An arrow along an arc about (x, y), its tip at the angle `end`."""
-    sense = 1 if end > start else -1
-    lean = math.degrees(size * 0.75 / r)
-    tip = on_circle(x, y, r, end)
-    return with_halo(arc_d(x, y, r, start, end - sense * lean), tip, end + sense * 90 - sense * lean / 2, size, ink, width)
-
-
-# --- things -------------------------------------------------------------------------------------------------
-
-def bracket(x, y, size, ghost=False, flip_x=False, flip_y=False, width=KEY_STROKE):
-    """The part: an upright bracket with a hole, in a box of `size` whose top left corner is (x, y)."""
-    fill, ink = (GHOST_FILL, GHOST_INK) if ghost else (PART, INK)
-
-    def place(u, v):
-        return x + size * (1 - u if flip_x else u), y + size * (1 - v if flip_y else v)
-
-    outline = [(0.06, 0), (0.5, 0), (0.5, 0.52), (0.94, 0.52), (0.94, 1), (0.06, 1)]
-    hole = place(0.28, 0.26)
-    return (polygon(*(place(u, v) for u, v in outline), fill=fill, ink=ink, width=width)
-            + dot(*hole, max(1.5, size * 0.085), ink))
-
-
-def tile(x, y, w, h, ghost=False, width=KEY_STROKE):
-    return box(x, y, w, h, GHOST_FILL if ghost else PART, GHOST_INK if ghost else INK, width)
-
-
-def glass(x, y, r, inside=""):
-    """A magnifying glass, its handle to the lower right."""
-    x1, y1 = on_circle(x, y, r + 1, -45)
-    x2, y2 = on_circle(x, y, r + 13, -45)
-    return line((x1, y1), (x2, y2), width=6) + ring(x, y, r, PAPER, INK, 3.2) + inside
-
-
-def tick(x, y, size, ink=LEAD, width=5):
-    xy = ((x - size * 0.5, y), (x - size * 0.12, y + size * 0.38), (x + size * 0.5, y - size * 0.42))
-    return line(*xy, ink=PAPER, width=width + HALO) + line(*xy, ink=ink, width=width)
-
-
-def cross(x, y, size, ink=STOP, width=5):
-    h = size / 2
-    strokes = ((x - h, y - h), (x + h, y + h)), ((x - h, y + h), (x + h, y - h))
-    return ("".join(line(*s, ink=PAPER, width=width + HALO) for s in strokes)
-            + "".join(line(*s, ink=ink, width=width) for s in strokes))
-
-
-def page(x, y, w, h, fill=PAPER, ink=INK, fold=9, width=KEY_STROKE):
-    """A document with a folded corner."""
-    return (polygon((x, y), (x + w - fold, y), (x + w, y + fold), (x + w, y + h), (x, y + h), fill=fill, ink=ink, width=width)
-            + line((x + w - fold, y), (x + w - fold, y + fold), (x + w, y + fold), ink=ink, width=width))
-
-
-def rows(x, y, widths, pitch, ink=INK, width=KEY_STROKE):
-    return "".join(line((x, y + i * pitch), (x + w, y + i * pitch), ink=ink, width=width) for i, w in enumerate(widths))
-
-
-def folder(x, y, w, h, ink=INK, width=KEY_STROKE, fill=FOCUS):
-    """An open folder: back, and a leaning front."""
-    back = polygon((x, y + h), (x, y), (x + w * 0.34, y), (x + w * 0.44, y + h * 0.18), (x + w * 0.86, y + h * 0.18),
-                   (x + w * 0.86, y + h), fill=PAPER, ink=ink, width=width)
-    front = polygon((x, y + h), (x + w * 0.18, y + h * 0.45), (x + w, y + h * 0.45), (x + w * 0.86, y + h),
-                    fill=fill, ink=ink, width=width)
-    return back + front
-
-
-def disk(x, y, s, width=KEY_STROKE):
-    """A diskette, the sign of saving."""
-    c = s * 0.2
-    body = polygon((x, y), (x + s - c, y), (x + s, y + c), (x + s, y + s), (x, y + s), fill=PART, width=width)
-    shutter = polygon((x + s * 0.27, y), (x + s * 0.27, y + s * 0.32), (x + s * 0.69, y + s * 0.32), (x + s * 0.69, y),
-                      fill=PAPER, width=width)
-    label = polygon((x + s * 0.2, y + s), (x + s * 0.2, y + s * 0.55), (x + s * 0.8, y + s * 0.55), (x + s * 0.8, y + s),
-                    fill=PAPER, width=width)
-    return body + shutter + label
-
-
-def torch(x, y, s=1.0, width=KEY_STROKE):
-    """A cutting torch that comes from above, its beam on (x, y)."""
-    def p(u, v):
-        return x + u * s, y + v * s
-    body = polygon(p(-6, -22), p(6, -22), p(6, -13), p(2.5, -8), p(-2.5, -8), p(-6, -13), fill=STEEL, width=width)
-    sparks = line(p(-5, -4), p(-2.5, -1.5), ink=STOP, width=width * 0.7) + line(p(5, -4), p(2.5, -1.5), ink=STOP, width=width * 0.7)
-    return body + line(p(0, -5), p(0, 0), ink=STOP, width=width) + sparks
-
-
-def sheet_of_parts(x, y, w, h, across=3, down=2, width=KEY_STROKE):
-    """A sheet nested with parts."""
-    gap = 3.4
-    inset = 4.2
-    tw = (w - 2 * inset - (across - 1) * gap) / across
-    th = (h - 2 * inset - (down - 1) * gap) / down
-    tiles = "".join(box(x + inset + i * (tw + gap), y + inset + j * (th + gap), tw, th, PART, INK, 1.8, 1)
-                    for i in range(across) for j in range(down))
-    return box(x, y, w, h, PAPER, INK, width) + tiles
-
-
-def lead(x, y, ghost=False, scale=1.0, width=3.2):
-    """A lead-in that comes from above and runs rightwards into a contour at (x, y), with its pierce point."""
-    ink = GHOST_INK if ghost else LEAD
-    r = 7 * scale
-    top = y - r - 8 * scale
-    d = f"M{number(x - r)} {number(top)} L{number(x - r)} {number(y - r)} A{number(r)} {number(r)} 0 0 0 {number(x)} {number(y)}"
-    return path(d, ink=ink, width=width) + dot(x - r, top, 3.4 * scale, ink)
-
-
-def star(x, y, r, ink=MOVE, width=4.4):
-    ends = [(on_circle(x, y, r, a), on_circle(x, y, r, a + 180)) for a in (90, 30, 150)]
-    return ("".join(line(*e, ink=PAPER, width=width + HALO) for e in ends)
-            + "".join(line(*e, ink=ink, width=width) for e in ends))
-
-
-def centred_axis(vertical):
-    """A dash-dot line through the middle of the key."""
-    dashes = ((3, 10), (14.5, 15.5), (20, 28), (32.5, 33.5), (38, 45))
-    return "".join(line((24, a), (24, b), ink=MOVE, width=2.4) if vertical else line((a, 24), (b, 24), ink=MOVE, width=2.4)
-                   for a, b in dashes)
 
 
 # --- keys ---------------------------------------------------------------------------------------------------
@@ -276,7 +56,8 @@ def delete_key():
 def leave_key():
     door = (path("M26 6 L6 6 L6 42 L26 42", PAPER) + polygon((6, 6), (18, 11), (18, 46), (6, 42), fill=PART)
             + dot(14.2, 27, 1.7))
-    return door + line((26, 6), (26, 13)) + line((26, 35), (26, 42)) + arrow((22, 24), (45, 24), ink=STOP, size=13, width=5.4)
+    frame = line((26, 6), (26, 13)) + line((26, 35), (26, 42))
+    return door + frame + arrow((22, 24), (45, 24), ink=STOP, size=13, width=5.4)
 
 
 def open_key():
@@ -344,7 +125,8 @@ def zoom_move_key(angle):
     """The corners of the zoom frame around its middle, and the way it goes."""
     cx, cy = on_circle(24, 24, 7, angle + 180)
     a, c = 13.5, 6
-    corners = "".join(line((cx + sx * a, cy + sy * (a - c)), (cx + sx * a, cy + sy * a), (cx + sx * (a - c), cy + sy * a))
+    corners = "".join(line((cx + sx * a, cy + sy * (a - c)), (cx + sx * a, cy + sy * a),
+                           (cx + sx * (a - c), cy + sy * a))
                       for sx in (-1, 1) for sy in (-1, 1))
     return corners + arrow(on_circle(24, 24, 9, angle + 180), on_circle(24, 24, 20.5, angle), size=14, width=5.4)
 
@@ -401,7 +183,7 @@ def lead_next_key():
 
 
 def nest_key(kind):
-    """Nine cells, straight or staggered, and the way from the first copy to the last; the first is at the lower left."""
+    """A grid, straight or staggered, and the way from the first copy, at the lower left, to the last."""
     staggered = kind >= 3
     by_rows = kind in (1, 3)
     pitch, side = 15, 12
@@ -436,8 +218,10 @@ def path_change_key():
 def path_cursor(x, y):
     """The mark of the point where the program starts."""
     r = 6.5
-    return (ring(x, y, r, PAPER, PAPER, 3 + HALO) + ring(x, y, r, PAPER, STOP, 3) + line((x - r - 4.5, y), (x + r + 4.5, y), ink=STOP, width=2.2)
-            + line((x, y - r - 4.5), (x, y + r + 4.5), ink=STOP, width=2.2))
+    arm = r + 4.5
+    return (ring(x, y, r, PAPER, PAPER, 3 + HALO) + ring(x, y, r, PAPER, STOP, 3)
+            + line((x - arm, y), (x + arm, y), ink=STOP, width=2.2)
+            + line((x, y - arm), (x, y + arm), ink=STOP, width=2.2))
 
 
 def path_key(forward):
@@ -457,7 +241,9 @@ def copy_leads_key():
     """The leads of one profile become those of the others."""
     def profile(x, fill):
         return box(x, 30, 11, 15, fill) + group(f"translate({x + 7.5} 30) scale(0.78)", lead(0, 0, width=3.8))
-    return profile(3, PART) + profile(18.5, PAPER) + profile(34, PAPER) + arrow((6, 10), (42.5, 10), size=11, width=4.6)
+
+    profiles = profile(3, PART) + profile(18.5, PAPER) + profile(34, PAPER)
+    return profiles + arrow((6, 10), (42.5, 10), size=11, width=4.6)
 
 
 def keys():
@@ -524,18 +310,21 @@ def tab_pictures():
             (8, 10), (11.5, 10), (11.5, 14), (16, 14), (16, 18), (8, 18), fill=PAPER, width=1.6)
 
     def rectangular(fill):
-        return polygon((3, 5), (21, 5), (21, 14), (15, 14), (15, 19), (3, 19), fill=fill, width=w) + ring(8, 10, 2, PAPER, INK, w)
+        plate = polygon((3, 5), (21, 5), (21, 14), (15, 14), (15, 19), (3, 19), fill=fill, width=w)
+        return plate + ring(8, 10, 2, PAPER, INK, w)
 
     def circular(fill):
         return ring(12, 12, 9, fill, INK, w) + ring(12, 12, 4, PAPER, INK, w)
 
     def holes(fill):
-        return (box(3, 3, 18, 18, fill, INK, w, 2) + ring(8.5, 8.5, 2, PAPER, INK, w) + ring(8.5, 15.5, 2, PAPER, INK, w)
+        return (box(3, 3, 18, 18, fill, INK, w, 2)
+                + ring(8.5, 8.5, 2, PAPER, INK, w) + ring(8.5, 15.5, 2, PAPER, INK, w)
                 + box(14, 7, 3, 10, PAPER, INK, w, 1.5))
 
     def drawing(fill):
+        corners = (4, 20), (4, 9), (20, 4), (20, 20)
         return (path("M4 20 L4 9 A5 5 0 0 1 9 4 L20 4 L20 20 Z", fill, INK, w)
-                + "".join(box(x - 2, y - 2, 4, 4, PAPER, MOVE, 1.6, 0) for x, y in ((4, 20), (4, 9), (20, 4), (20, 20))))
+                + "".join(box(x - 2, y - 2, 4, 4, PAPER, MOVE, 1.6, 0) for x, y in corners))
 
     def program(fill):
         return (page(4, 2, 16, 20, fill, fold=5, width=w) + rows(8, 10, (2, 2, 2), 4, width=w)
@@ -590,10 +379,11 @@ def letter(name, x, y, size, ink):
 
 
 def lead_help():
-    """The lead-in, line A and arc B, and the lead-out, arc D and line C, at a contour that is cut from left to right."""
+    """Lead-in, line A and arc B, and lead-out, arc D and line C, at a contour that is cut from left to right."""
     x, y, r = 60, 58, 24
     contour = box(3, y, 114, 11, PART, INK, 3)
-    lead_in = (path(f"M{x - r} 9 L{x - r} {y - r} A{r} {r} 0 0 0 {x} {y}", ink=LEAD, width=4) + dot(x - r, 9, 4.6, LEAD))
+    way_in = f"M{x - r} 9 L{x - r} {y - r} A{r} {r} 0 0 0 {x} {y}"
+    lead_in = path(way_in, ink=LEAD, width=4) + dot(x - r, 9, 4.6, LEAD)
     lead_out = path(f"M{x} {y} A{r} {r} 0 0 0 {x + r} {y - r}", ink=MOVE, width=4) + arrow(
         (x + r, y - r), (x + r, 4), size=12, width=4)
     joints = "".join(line((a - 4, y - r), (a + 4, y - r), width=2) for a in (x - r, x + r))
@@ -624,8 +414,8 @@ def main():
     for name, (grid, content) in pictures.items():
         write(name, grid, content)
     files = "".join(f"    <file>{name}.svg</file>\n" for name in sorted(pictures))
-    (ART / "art.qrc").write_text(
-        f'<!DOCTYPE RCC>\n<RCC version="1.0">\n<qresource prefix="/art">\n{files}</qresource>\n</RCC>\n', encoding="utf-8")
+    listing = f'<!DOCTYPE RCC>\n<RCC version="1.0">\n<qresource prefix="/art">\n{files}</qresource>\n</RCC>\n'
+    (ART / "art.qrc").write_text(listing, encoding="utf-8")
 
 
 if __name__ == "__main__":
