@@ -116,6 +116,8 @@ void EnterCamTab(std::int16_t tab)
     if (tab < TabParameters || tab >= CamTabCount) {
         return;
     }
+    // Straight from Parameters to Nesting, by a click: the nest is that of the part that the parameters tell.
+    const bool fromParameters = AppState.ScreenState == ScreenParameters;
     AppState.CamTab = tab;
     switch (tab) {
     case TabParameters:
@@ -131,6 +133,11 @@ void EnterCamTab(std::int16_t tab)
         EnterCuttingScreen(AppState.PreviousCamTab != TabNesting);
         break;
     case TabNesting:
+        if (fromParameters && !PreparePart()) {
+            EnterParametersScreen();
+            AppState.PreviousCamTab = TabParameters; // the next way to Cutting builds anew
+            return;
+        }
         EnterNestingScreen();
         break;
     default:

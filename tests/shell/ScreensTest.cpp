@@ -189,6 +189,28 @@ TEST_F(Screens, AChangedParameterKeepsTheLeadsAndANewOpeningDoesNot)
     EXPECT_EQ(AppState.ProfileTable[1].LeadInLength, 10.0);
 }
 
+TEST_F(Screens, AClickStraightOnNestingNestsThePartOfTheParameters)
+{
+    OpenPlate(2); // 100 x 50, the part before
+    OpenRect(4);
+    SetText(AppState.ParamText[0], "120"); // A, the height
+    ClickCamTab(TabNesting);
+    ExpectPanels(ScreenNesting);
+    EXPECT_NEAR(AppState.MaxX, 200.0, 1e-9) << "not the part before";
+    EXPECT_NEAR(AppState.MaxY, 120.0, 1e-9);
+    ASSERT_GT(AppState.ProfileTable.size(), 1U);
+    EXPECT_NE(AppState.ProfileTable[1].Status, LeadUnset);
+    ClickCamTab(TabParameters);
+    SetText(AppState.ParamText[0], "0");
+    ClickCamTab(TabNesting);
+    ExpectPanels(ScreenParameters);
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::Param);
+    SetText(AppState.ParamText[0], "130");
+    KeyDispatcher(KeyF10, 0);
+    ExpectPanels(ScreenCutting);
+    EXPECT_NEAR(AppState.MaxY, 130.0, 1e-9);
+}
+
 TEST_F(Screens, ABuildThatFailsCanBeMended)
 {
     OpenRect(4);
