@@ -23,7 +23,8 @@ std::string ProgramFolder()
 void ComeForward()
 {
     if (Window.Main != nullptr) {
-        Window.Main->showNormal();
+        Window.Main->setWindowState(Window.Main->windowState() & ~Qt::WindowMinimized);
+        Window.Main->show();
         Window.Main->raise();
         Window.Main->activateWindow();
     }

@@ -30,10 +30,14 @@ std::string JobPath(const std::string& baseName)
 constexpr std::size_t LongestFileName = 255;
 constexpr std::string_view UnfinishedEnding = ".part";
 
-/// A name that no file can have isn't worth a fault: the operator is asked again, and the nest is still there.
+/// The name under which a program is shown and not written.
+constexpr std::string_view SimulationName = "SIMULA";
+
+/// A name that no file can have isn't worth a fault: the operator is asked again, and the nest is still there. The same
+/// for the name that would run the simulation and write nothing.
 bool CanNameFiles(const std::string& baseName)
 {
-    return !Trim(baseName).empty() &&
+    return !Trim(baseName).empty() && baseName != SimulationName &&
            ProgramFileName(baseName).size() + UnfinishedEnding.size() <= LongestFileName;
 }
 

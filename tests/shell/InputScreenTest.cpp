@@ -215,6 +215,17 @@ TEST_F(InputScreen, ANameTooLongForAFileIsAskedForAgain)
     EXPECT_TRUE(Station.Holds("NC/" + std::string(247, 'N') + ".nc"));
 }
 
+TEST_F(InputScreen, TheNameOfTheSimulationIsAskedForAgain)
+{
+    OpenPlate(2);
+    EnterSaveMode();
+    SetText(AppState.TextFileName, "simula.nst");
+    TakeCalls();
+    KeyDispatcher(KeyF10, 0);
+    EXPECT_THAT(TakeCalls(), ElementsAre("focus TextFileName"));
+    EXPECT_EQ(AppState.SaveMode, FlagOn);
+}
+
 TEST_F(InputScreen, EndsAfterASaveWhenItIsSetSo)
 {
     Configure("EXIT_LOG_FILE=exit.log\n", "");
