@@ -50,24 +50,25 @@ picture() {
     import -window "$window" "$target/$size-$name-$1.png"
 }
 
-# The road of one part, with a picture of each screen.
+# The road of one part, ten copies of R-05 on a sheet, with a picture of each screen.
 walk() {
+    keys F3 F3 F3 F3
     picture 1-input
-    keys F3 F3 F3 F3 F10
+    keys F10 3 0 0 Return 2 0 0 Return
     picture 2-parameters
-    keys 3 0 0 Return 2 0 0 Return F10
-    keys Return Return Return Return Return 5 Return 3 Return
+    keys F10 Return Return Return Return Return 5 Return 3 Return
     picture 3-cutting
-    keys F10 1 5 0 0 Return 1 0 0 0 Return 1 Return
+    keys F10 asterisk 5 Return asterisk 2 Return 1 period 5 Return 8 Return 8 Return
     picture 4-nesting
-    keys F10
+    keys F10 P L A T E 1 0
     picture 5-save
     keys Return
     sleep 0.5
+    picture 6-saved
     keys F1 F1 F1 F1
-    picture 6-dxf-in
+    picture 7-dxf-in
     keys Escape
-    picture 7-question
+    picture 8-question
     keys F1
 }
 
