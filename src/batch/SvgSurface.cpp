@@ -106,7 +106,7 @@ void SurfaceClear(Picture)
     Svg.Paths.clear();
 }
 
-void SurfaceSetFont(Picture, std::int16_t points)
+void SurfaceSetFont(Picture, std::int16_t points, bool)
 {
     Svg.FontPixels = points * PixelsPerPoint;
 }
@@ -155,6 +155,11 @@ void SurfaceTextSize(Picture, const std::string& text, double& width, double& he
 }
 
 void SurfaceSetCrossPointer(Picture, bool) {} // nobody points at a file
+
+bool SurfaceBitmap(Picture, std::int32_t, std::int32_t, std::string&)
+{
+    return false;
+}
 
 void SurfaceSetPen(Picture, const SurfacePen& pen)
 {

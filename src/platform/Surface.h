@@ -33,8 +33,8 @@ void SurfaceSetScale(Picture picture, double left, double top, double width, dou
 /// Takes every stroke away.
 void SurfaceClear(Picture picture);
 
-/// Font size of the texts to come, in points.
-void SurfaceSetFont(Picture picture, std::int16_t points);
+/// Font of the texts to come, its size in points.
+void SurfaceSetFont(Picture picture, std::int16_t points, bool bold = false);
 
 void SurfaceSetPen(Picture picture, const SurfacePen& pen);
 
@@ -57,6 +57,9 @@ void SurfaceText(Picture picture, float x, float y, const std::string& text, std
 
 /// Size of a text in world units, both positive.
 void SurfaceTextSize(Picture picture, const std::string& text, double& width, double& height);
+
+/// The picture as it stands, as the bytes of a bitmap file of so many pixels. False where nobody paints.
+bool SurfaceBitmap(Picture picture, std::int32_t width, std::int32_t height, std::string& bytes);
 
 /// The pointer over a picture: a cross while something is measured, else the normal one.
 void SurfaceSetCrossPointer(Picture picture, bool cross);

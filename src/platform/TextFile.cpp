@@ -2,6 +2,7 @@
 
 #include "platform/Fault.h"
 #include "platform/Paths.h"
+#include "platform/SafeFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -13,9 +14,7 @@
 namespace
 {
 constexpr std::size_t WriteBufferSize = std::size_t{256} * 1024;
-constexpr std::size_t LargestFile = std::size_t{1} << 30; // beyond it a file is broken or no text at all
 constexpr std::size_t ReadBlockSize = std::size_t{64} * 1024;
-constexpr const char* UnfinishedEnd = ".part";
 
 /// Ends a failed step of `writer`: closes it and throws. errno tells the reason.
 [[noreturn]] void FailWriting(TextWriter& writer)
@@ -47,8 +46,8 @@ void FlushWhenFull(TextWriter& writer)
     }
 }
 
-/// Reads from `file` to its end. False when it holds more than LargestFile bytes or can't be read.
-bool ReadToEnd(int file, std::string& content, std::size_t expected)
+/// Reads from `file` to its end. False when it holds more than `limit` bytes or can't be read.
+bool ReadToEnd(int file, std::string& content, std::size_t expected, std::size_t limit)
 {
     std::size_t length = 0;
     content.resize(expected + 1); // one more, so that the end is met without another round
@@ -63,10 +62,10 @@ bool ReadToEnd(int file, std::string& content, std::size_t expected)
         length += static_cast<std::size_t>(got);
         if (got == 0) {
             content.resize(length);
-            return true;
+            return length <= limit;
         }
         if (length == content.size()) { // it grew since it was measured
-            if (length > LargestFile) {
+            if (length > limit) {
                 return false;
             }
             content.resize(length + length / 2 + ReadBlockSize);
@@ -75,7 +74,7 @@ bool ReadToEnd(int file, std::string& content, std::size_t expected)
 }
 } // namespace
 
-bool ReadWholeFile(const std::string& path, std::string& content)
+bool ReadWholeFile(const std::string& path, std::string& content, std::size_t limit)
 {
     content.clear();
     // Not blocking: a pipe of that name must not hang the program before it is seen to be none of our files.
@@ -85,9 +84,9 @@ bool ReadWholeFile(const std::string& path, std::string& content)
     }
     struct stat status = {};
     bool done = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size >= 0 &&
-                static_cast<std::size_t>(status.st_size) <= LargestFile;
+                static_cast<std::size_t>(status.st_size) <= limit;
     try {
-        done = done && ReadToEnd(file, content, static_cast<std::size_t>(status.st_size));
+        done = done && ReadToEnd(file, content, static_cast<std::size_t>(status.st_size), limit);
     } catch (const std::bad_alloc&) {
         done = false;
     }
@@ -117,17 +116,17 @@ bool NextLine(std::string_view& rest, std::string_view& line)
     return true;
 }
 
-void OpenText(TextWriter& writer, const std::string& path)
+void OpenText(TextWriter& writer, const std::string& path, OldFile old)
 {
     AbandonText(writer);
     writer.Path = path;
     writer.Buffer.clear();
     writer.Buffer.reserve(WriteBufferSize + WriteBufferSize / 4);
-    if (!DeleteFileIfThere(path)) {
+    if (old == OldFile::Removed && !DeleteFileIfThere(path)) {
         FailWriting(writer);
     }
-    writer.Native = NativeNewPath(path);
-    writer.Handle = std::fopen((writer.Native + UnfinishedEnd).c_str(), "wbe");
+    writer.Old = old;
+    writer.Handle = std::fopen((NativeNewPath(path) + UnfinishedEnd).c_str(), "wbe");
     if (writer.Handle == nullptr) {
         FailWriting(writer);
     }
@@ -150,7 +149,7 @@ void CloseText(TextWriter& writer)
     if (std::fclose(handle) != 0) {
         FailWriting(writer);
     }
-    if (std::rename((writer.Native + UnfinishedEnd).c_str(), writer.Native.c_str()) != 0) {
+    if (!TakeName(writer.Path, writer.Old == OldFile::Stays)) {
         FailWriting(writer);
     }
 }

@@ -2,33 +2,43 @@
 // when they are complete.
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <string_view>
 
-/// Reads a whole plain file as bytes, 1 GB at most. False when it can't be read; `content` is then empty.
-bool ReadWholeFile(const std::string& path, std::string& content);
+/// Beyond it a file is broken or nothing of ours.
+inline constexpr std::size_t LargestFile = std::size_t{1} << 30;
+
+/// Reads a whole plain file as bytes, `limit` of them at most. False when it is longer or can't be read; `content` is
+/// then empty.
+bool ReadWholeFile(const std::string& path, std::string& content, std::size_t limit = LargestFile);
 
 /// Cuts the next line off `rest`: CR LF, LF or CR ends it; the last line needs no end. False at the end.
 bool NextLine(std::string_view& rest, std::string_view& line);
 
+/// What becomes of an old file of the name that is being written.
+enum class OldFile {
+    Removed, ///< at once: a failed run leaves nothing that could be taken for its result
+    Stays,   ///< whole, until the new one takes its place
+};
+
 /// A text being written: to path + ".part" until CloseText gives it its name.
 struct TextWriter {
     std::FILE* Handle = nullptr;
-    std::string Path;   ///< the finished file's name, as the operator writes it
-    std::string Native; ///< the same, native
+    std::string Path; ///< the finished file's name, as the operator writes it
+    OldFile Old = OldFile::Removed;
     std::string Buffer; ///< bytes not yet handed to the system
 };
 
-/// Removes an old file of that name, then opens path + ".part" for writing.
-/// A failure is a RunTimeFault that names the file and the reason.
-void OpenText(TextWriter& writer, const std::string& path);
+/// Opens path + ".part" for writing. A failure is a RunTimeFault that names the file and the reason.
+void OpenText(TextWriter& writer, const std::string& path, OldFile old = OldFile::Removed);
 
 /// Adds `line` and CR LF. A full disk is a RunTimeFault.
 void WriteTextLine(TextWriter& writer, std::string_view line);
 
 /// Writes what is left, closes, and gives the file its finished name. RunTimeFault when any of it fails; the
-/// ".part" stays and no finished name appears.
+/// ".part" stays and no new file appears under the finished name.
 void CloseText(TextWriter& writer);
 
 /// Closes what a fault left open; the ".part" keeps what was written. Does nothing when nothing is open.

@@ -107,5 +107,6 @@ void ProgramOrigin(double& x, double& y);
 std::string ProgramFileName(const std::string& name);
 
 /// Writes the program of the current nest into `NcPath`; "SIMULA" walks without a file. Sets ProgramPath, ProgramLines,
-/// ProgramCopies. Any failure is a RunTimeFault; the unfinished program then stays under its name + ".part".
-void GenerateProgram(const std::string& name);
+/// ProgramCopies. Any failure is a RunTimeFault; the unfinished program then stays under its name + ".part". `old` is what
+/// becomes of an earlier program of that name meanwhile.
+void GenerateProgram(const std::string& name, OldFile old = OldFile::Removed);

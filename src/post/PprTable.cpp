@@ -103,7 +103,7 @@ void SelectOption(PprInputValue& slot)
 void LoadInputSlots()
 {
     std::string jobFile = AppState.JobName;
-    if (!Contains(jobFile, JobExtension)) {
+    if (!Contains(LowerCase(jobFile), JobExtension)) {
         jobFile += JobExtension;
     }
     for (std::size_t i = 1; i <= PprInputSlots; ++i) {

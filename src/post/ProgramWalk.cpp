@@ -382,14 +382,14 @@ void FindLowCorner()
 }
 
 /// Opens the file and reads how the table wants sub-programs and centres.
-void OpenProgram(Walk& walk, const std::string& name)
+void OpenProgram(Walk& walk, const std::string& name, OldFile old)
 {
     NormalisePath(AppState.NcPath);
     AppState.OutputName = ProgramFileName(name);
     if (AppState.OutputName.empty()) {
         throw RunTimeFault("A program needs a name, \"" + name + "\" is none");
     }
-    OpenText(ProgramFile, AppState.NcPath + AppState.OutputName);
+    OpenText(ProgramFile, AppState.NcPath + AppState.OutputName, old);
     walk.File = FileProgram;
     if (IsYes("SUBPROGRAMS", "NO")) {
         walk.SubMode = IsYes("SUBPROGRAMSBYPROFILE", "NO") ? SubProfile : SubPart;
@@ -469,7 +469,7 @@ std::string ProgramFileName(const std::string& name)
     return extension.empty() ? base : base + "." + extension;
 }
 
-void GenerateProgram(const std::string& name)
+void GenerateProgram(const std::string& name, OldFile old)
 {
     const RunGuard guard;
     Walk walk;
@@ -483,7 +483,7 @@ void GenerateProgram(const std::string& name)
     AppState.ProgramPath.clear();
     AppState.ProgramLines = 0;
     AppState.ProgramCopies = 0;
-    OpenProgram(walk, name);
+    OpenProgram(walk, name, old);
     WalkProgram(walk);
     CloseText(ProgramFile);
     AppState.ProgramPath = AppState.NcPath + AppState.OutputName;

@@ -1,5 +1,6 @@
 #include "qt/PaintSurface.h"
 
+#include "platform/Bitmap.h"
 #include "qt/Coverage.h"
 
 #include <QFontMetricsF>
@@ -32,6 +33,7 @@ struct PaintedPicture {
     SurfacePen Pen;
     StrokeStyle Style; ///< of the pen
     std::int16_t FontPoints = 15;
+    bool FontBold = false;
     bool Told = false; ///< the listener knows that the image is old
 };
 
@@ -185,6 +187,7 @@ QFont FontOf(const PaintedPicture& painted)
 {
     QFont font = QGuiApplication::font();
     font.setPointSize(std::max<int>(painted.FontPoints, 1));
+    font.setBold(painted.FontBold);
     font.setStyleStrategy(QFont::NoSubpixelAntialias); // no coloured fringes
     return font;
 }
@@ -261,9 +264,10 @@ void SurfaceClear(Picture picture)
     TellTouched(picture);
 }
 
-void SurfaceSetFont(Picture picture, std::int16_t points)
+void SurfaceSetFont(Picture picture, std::int16_t points, bool bold)
 {
     PictureOf(picture).FontPoints = points;
+    PictureOf(picture).FontBold = bold;
 }
 
 void SurfaceSetPen(Picture picture, const SurfacePen& pen)
@@ -383,4 +387,24 @@ void SurfaceSetCrossPointer(Picture picture, bool cross)
     if (SurfaceListener.Pointer != nullptr) {
         SurfaceListener.Pointer(picture, cross);
     }
+}
+
+bool SurfaceBitmap(Picture picture, std::int32_t width, std::int32_t height, std::string& bytes)
+{
+    constexpr std::int32_t Largest = 10000; // a setting beyond it is no size of a picture
+    const QImage& painted = SurfaceImage(picture);
+    const QSize size(std::clamp(width, 1, Largest), std::clamp(height, 1, Largest));
+    if (painted.isNull()) {
+        return false;
+    }
+    // A box is as large as the window lets it, and a screen of fine pixels paints more of them.
+    const QImage image = painted.size() == size
+                             ? painted
+                             : painted.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage pixels = image.convertToFormat(QImage::Format_RGB32);
+    const auto count = static_cast<std::size_t>(pixels.width()) * static_cast<std::size_t>(pixels.height());
+    // Rows of 32-bit pixels have no gaps.
+    bytes = BitmapBytes(pixels.width(), pixels.height(),
+                        {reinterpret_cast<const std::uint32_t*>(pixels.constBits()), count});
+    return true;
 }

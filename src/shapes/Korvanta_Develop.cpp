@@ -41,9 +41,11 @@ ShapeParameters ReadParameters()
 void ClearForDevelopment()
 {
     std::vector<ProfileRecord> records = std::move(AppState.ProfileTable);
+    const double moveStep = AppState.MoveStep;
     ClearPart();
     if (AppState.KeepLeadData != 0) {
         AppState.ProfileTable = std::move(records);
+        AppState.MoveStep = moveStep;
     }
 }
 
@@ -110,6 +112,12 @@ bool BuildCurrentPart()
         return false;
     }
     return true;
+}
+
+void AdoptShape()
+{
+    SetPartFlags();
+    PickWorkingSenses();
 }
 
 void DevelopShape(std::int16_t& err)

@@ -14,6 +14,9 @@ inline constexpr std::int16_t ErrBadShape = 1;
 /// as it is; only the flags of a shape before it are cleared. False after the failure box.
 bool BuildCurrentPart();
 
+/// What the current shape means for senses, leads and compensation: for a part whose tables came from a file.
+void AdoptShape();
+
 /// Empties the part's tables and develops ShapeId from the visible fields of ParamText. `err` 0 is success. No NaN and
 /// no empty profile leaves without the word being set.
 void DevelopShape(std::int16_t& err);

@@ -1,6 +1,7 @@
 #include "shell/InputEvents.h"
 
 #include "config/Korvanta_Utility.h"
+#include "jobfiles/JobFiles.h"
 #include "platform/Screen.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
@@ -33,7 +34,7 @@ void SelectItem(std::int16_t tab, std::int32_t index)
     List(tab).Selected = index;
     const ListItem* item = SelectedItem(tab);
     if (tab == TabPrograms && item != nullptr) {
-        ShowJobPreview(item->Text);
+        ShowJobPreview(Picture::Preview, item->Text);
     }
 }
 
@@ -50,7 +51,7 @@ void ShowSelectedPreview()
 {
     const ListItem* item = SelectedItem(TabPrograms);
     if (item != nullptr) {
-        ShowJobPreview(item->Text);
+        ShowJobPreview(Picture::Preview, item->Text);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "shell/InputLists.h"
 
 #include "config/Korvanta_Utility.h"
+#include "jobfiles/JobFiles.h"
 #include "platform/Paths.h"
 #include "platform/Screen.h"
 #include "shapes/Korvanta_Parameters.h"
@@ -210,7 +211,7 @@ void MoveListCursor(std::string_view direction)
     }
     list.Selected = static_cast<std::int32_t>(target);
     if (AppState.InputTab == TabPrograms) {
-        ShowJobPreview(list.Items[static_cast<std::size_t>(target)].Text);
+        ShowJobPreview(Picture::Preview, list.Items[static_cast<std::size_t>(target)].Text);
     }
 }
 
@@ -219,10 +220,4 @@ const ListItem* SelectedItem(std::int16_t tab)
     const ListRecord& list = List(tab);
     const auto selected = static_cast<std::size_t>(list.Selected);
     return list.Selected >= 0 && selected < list.Items.size() ? &list.Items[selected] : nullptr;
-}
-
-void ShowJobPreview(const std::string& name)
-{
-    AppState.PreviewJob = name;
-    AppState.PreviewNest = FlagOff;
 }

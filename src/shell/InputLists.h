@@ -41,6 +41,3 @@ void MoveListCursor(std::string_view direction);
 
 /// The selected item of a list, null when there is none.
 const ListItem* SelectedItem(std::int16_t tab);
-
-/// Shows the picture of a job in the preview.
-void ShowJobPreview(const std::string& name);

@@ -1,7 +1,9 @@
 #include "shell/InputScreen.h"
 
 #include "config/Korvanta_Utility.h"
+#include "jobfiles/JobFiles.h"
 #include "platform/Paths.h"
+#include "platform/SafeFile.h"
 #include "platform/Screen.h"
 #include "platform/Surface.h"
 #include "post/Korvanta_PostProcessor.h"
@@ -13,6 +15,7 @@
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace
@@ -26,9 +29,8 @@ std::string JobPath(const std::string& baseName)
     return AppState.NestingPath + baseName + ".nst";
 }
 
-/// The longest name of a file, and what stands behind that of a program while it is written.
+/// The longest name of a file.
 constexpr std::size_t LongestFileName = 255;
-constexpr std::string_view UnfinishedEnding = ".part";
 
 /// The name under which a program is shown and not written.
 constexpr std::string_view SimulationName = "SIMULA";
@@ -38,7 +40,9 @@ constexpr std::string_view SimulationName = "SIMULA";
 bool CanNameFiles(const std::string& baseName)
 {
     return !Trim(baseName).empty() && baseName != SimulationName &&
-           ProgramFileName(baseName).size() + UnfinishedEnding.size() <= LongestFileName;
+           std::max(ProgramFileName(baseName).size(), JobFileName(baseName).size()) +
+                   std::string_view(UnfinishedEnd).size() <=
+               LongestFileName;
 }
 
 bool ConfirmOverwrite(const std::string& name)
@@ -46,12 +50,6 @@ bool ConfirmOverwrite(const std::string& name)
     bool confirmed = false;
     ShowBox(name, MessageText(MessageJobExists), MessageText(MessageOverwrite), true, confirmed);
     return confirmed;
-}
-
-/// For now a job leaves its NC program and nothing else.
-void SaveJob(const std::string& baseName)
-{
-    GenerateProgram(baseName);
 }
 
 void EndSaveMode()
@@ -63,16 +61,24 @@ void EndSaveMode()
 
 void OpenJob()
 {
+    const bool isJob = AppState.InputTab == TabPrograms;
     const ListItem* item = SelectedItem(AppState.InputTab);
-    if (item == nullptr || AppState.InputTab == TabPrograms) {
+    if (item == nullptr && !isJob) {
         return;
     }
-    const std::string name = item->Text;
+    const std::string name = isJob ? AppState.TextFileName.Text : item->Text;
+    if (isJob && !FileExists(AppState.NestingPath + JobFileName(name))) {
+        FillJobList(name); // it went since the list was filled
+        return;
+    }
     ShowPanel(Panel::TabInput, false);
     ShowPanel(Panel::TabCam, true);
     AppState.CamTab = TabParameters;
     SurfaceClear(Picture::Param);
     switch (AppState.InputTab) {
+    case TabPrograms:
+        OpenSavedJob(name);
+        break;
     case TabDxfIn:
         OpenImport(ImportKind::Drawing, name);
         break;

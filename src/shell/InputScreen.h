@@ -3,8 +3,8 @@
 
 #include <string>
 
-/// Opens what is selected in the list of the current tab as a new part and shows its Parameters screen. Does nothing
-/// without a selection, and on the tab of the jobs.
+/// Opens what is selected in the list of the current tab as a new part, or the job that TextFileName names, and shows its
+/// Parameters screen. Does nothing without a selection or such a job.
 void OpenJob();
 
 /// The Input screen, asking for the name to save the nest under.
@@ -14,8 +14,8 @@ void EnterSaveMode();
 void LeaveSaveMode();
 
 /// Saves under the name in TextFileName, after a question when a job of that name exists; then ends the process when
-/// ExitAfterSave asks for it. Without a name, or with one too long for a file,
-/// nothing is saved. A program that can't be written is a RunTimeFault.
+/// ExitAfterSave asks for it. Without a name, or with one too long for a file, nothing is saved. A file that can't be
+/// written is a RunTimeFault.
 void SaveCurrentJob();
 
 /// Deletes a job with its companions and its NC program, after a question. A job that doesn't exist is none.

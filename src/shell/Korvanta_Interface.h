@@ -69,6 +69,9 @@ bool OpenImport(ImportKind kind, std::string name);
 /// nothing.
 void OpenShape(std::int16_t shapeId);
 
+/// Opens a saved job, `name` with or without ".nst", and goes to the Parameters screen.
+void OpenSavedJob(const std::string& name);
+
 /// Shows or hides a panel.
 void ShowPanel(Panel panel, bool visible);
 

@@ -1,6 +1,7 @@
 #include "config/Korvanta_Utility.h"
 #include "import/Korvanta_DxfIn.h"
 #include "import/Korvanta_IsoIn.h"
+#include "jobfiles/JobFiles.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Paths.h"
 #include "platform/Screen.h"
@@ -54,11 +55,13 @@ void StartPicture()
 void SelectFirstProfile()
 {
     const bool developed = AppState.ShapeId > 0;
-    if (AppState.ProfileCount == 0 || (AppState.CurrentProfile != 0 && !developed)) {
+    if (AppState.ProfileCount == 0) {
         return;
     }
-    SelectProfile(1, FlagOff);
-    SetText(AppState.TextCutting[FieldProfileNumber], "1");
+    if (AppState.CurrentProfile == 0 || developed) {
+        SelectProfile(1, FlagOff);
+    }
+    SetText(AppState.TextCutting[FieldProfileNumber], std::to_string(AppState.CurrentProfile));
 }
 
 /// The part for the Cutting screen. A shape that was built before from the same opening keeps its leads; a new one
@@ -106,6 +109,17 @@ void OpenShape(std::int16_t shapeId)
     EnterCamTab(TabParameters);
 }
 
+void OpenSavedJob(const std::string& name)
+{
+    ResetFieldsForPart();
+    AppState.JobName = name;
+    AppState.SourceName = AppState.JobName;
+    LoadJob(name);
+    ShowShapeParameters(AppState.ShapeId, FlagOff); // the fields hold what was saved
+    SetCamTabIcons();
+    EnterCamTab(TabParameters);
+}
+
 void ShowPanel(Panel panel, bool visible)
 {
     AppState.PanelVisible[static_cast<std::size_t>(panel)] = ToFlag(visible);
@@ -127,6 +141,7 @@ void EnterCamTab(std::int16_t tab)
         }
         if (AppState.ShapeId == 0) {
             DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
+            PreviewCaption(Picture::Param, 0);
         }
         break;
     case TabCutting:

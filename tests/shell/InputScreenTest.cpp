@@ -200,8 +200,8 @@ TEST_F(InputScreen, ANameTooLongForAFileIsAskedForAgain)
     for (int i = 0; i < 200; ++i) {
         chinese += "\xE6\x9D\xBF";
     }
-    // While it is written a program is called name + ".nc.part", and a name has 255 bytes at most.
-    for (const std::string& name : {chinese, std::string(248, 'n'), std::string(5000, 'n')}) {
+    // While it is written a job is called name + ".nst.part", and a name has 255 bytes at most.
+    for (const std::string& name : {chinese, std::string(247, 'n'), std::string(5000, 'n')}) {
         EnterSaveMode();
         SetText(AppState.TextFileName, name);
         TakeCalls();
@@ -209,10 +209,10 @@ TEST_F(InputScreen, ANameTooLongForAFileIsAskedForAgain)
         EXPECT_THAT(TakeCalls(), ElementsAre("focus TextFileName"));
         EXPECT_EQ(AppState.SaveMode, FlagOn) << "the nest isn't lost";
     }
-    SetText(AppState.TextFileName, std::string(247, 'n'));
+    SetText(AppState.TextFileName, std::string(246, 'n'));
     KeyDispatcher(KeyF10, 0);
     EXPECT_EQ(AppState.SaveMode, FlagOff);
-    EXPECT_TRUE(Station.Holds("NC/" + std::string(247, 'N') + ".nc"));
+    EXPECT_TRUE(Station.Holds("NC/" + std::string(246, 'N') + ".nc"));
 }
 
 TEST_F(InputScreen, TheNameOfTheSimulationIsAskedForAgain)
@@ -325,7 +325,7 @@ TEST_F(InputScreen, EnterInTheNameGoesOnWhenOneJobIsLeft)
     EXPECT_EQ(AppState.JobName, "before");
     SetText(AppState.TextFileName, "armo");
     FileNameKey(KeyEnter, 0);
-    EXPECT_EQ(AppState.JobName, "ARMO");
+    EXPECT_EQ(AppState.JobName, "ARMOUR.nst");
     EXPECT_EQ(AppState.TextFileName.Text, "ARMOUR") << "the dispatcher has taken the selected job";
 }
 
@@ -440,7 +440,7 @@ TEST_F(InputScreen, TheNestStaysInThePreviewWhileItsNameIsTyped)
     EXPECT_EQ(AppState.PreviewJob, before) << "another one would have the nest drawn anew for each letter";
     KeyDispatcher(KeyF10, 0);
     EXPECT_EQ(AppState.PreviewNest, FlagOff);
-    EXPECT_EQ(AppState.PreviewJob, "ARM");
+    EXPECT_EQ(AppState.PreviewJob, "A") << "the job that was saved is the first now";
 }
 
 TEST_F(InputScreen, AnItemThatIsNoneIsntSelected)
@@ -462,11 +462,12 @@ TEST_F(InputScreen, EnterAndDoubleClickOnAJobFillTheName)
     SelectInputTab(TabPrograms);
     AppState.Lists[TabPrograms].Selected = 1;
     ListKey(TabPrograms, KeyEnter, 0);
-    EXPECT_EQ(AppState.JobName, "BOLT");
-    SetText(AppState.TextFileName, "");
+    EXPECT_EQ(AppState.JobName, "BOLT.nst");
+    EXPECT_EQ(AppState.ScreenState, ScreenParameters);
+    EnterInputScreen();
     ListDoubleClicked(TabPrograms);
     EXPECT_EQ(AppState.TextFileName.Text, "ARM");
-    EXPECT_EQ(AppState.JobName, "ARM");
+    EXPECT_EQ(AppState.JobName, "ARM.nst");
 }
 
 TEST_F(InputScreen, AShapeOpensByDoubleClick)

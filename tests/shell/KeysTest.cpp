@@ -170,7 +170,7 @@ TEST_F(Keys, AJobPutsItsNameIntoTheField)
     KeyDispatcher(KeyF10, 0);
     EXPECT_EQ(AppState.TextFileName.Text, "TOP");
     EXPECT_THAT(Texts(TabPrograms), ElementsAre("TOP"));
-    EXPECT_EQ(AppState.ScreenState, ScreenInput);
+    EXPECT_EQ(AppState.ScreenState, ScreenParameters);
 }
 
 // --- every screen -----------------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "support/RecordingSurface.h"
 
+#include "platform/Bitmap.h"
 #include "state/AppState.h"
 #include "support/RecordingScreen.h"
 
@@ -99,9 +100,9 @@ void SurfaceClear(Picture picture)
     Record(picture, "clear");
 }
 
-void SurfaceSetFont(Picture picture, std::int16_t points)
+void SurfaceSetFont(Picture picture, std::int16_t points, bool bold)
 {
-    Record(picture, "font " + std::to_string(points));
+    Record(picture, "font " + std::to_string(points) + (bold ? " bold" : ""));
 }
 
 void SurfaceSetPen(Picture, const SurfacePen& pen)
@@ -148,4 +149,13 @@ void SurfaceTextSize(Picture, const std::string& text, double& width, double& he
 void SurfaceSetCrossPointer(Picture picture, bool cross)
 {
     Record(picture, cross ? "cross pointer" : "normal pointer");
+}
+
+bool SurfaceBitmap(Picture picture, std::int32_t width, std::int32_t height, std::string& bytes)
+{
+    Record(picture, "bitmap " + std::to_string(width) + " " + std::to_string(height));
+    if (Drawn.Paints) {
+        bytes = BitmapBytes(1, 1, Drawn.Pixel);
+    }
+    return Drawn.Paints;
 }

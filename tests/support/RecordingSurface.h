@@ -3,6 +3,8 @@
 
 #include "platform/Surface.h"
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,10 +13,12 @@ struct SurfaceRecord {
 
     /// "line 0 0 10 0 #000000 1", "box ...", "circle x y r ...", "arc x y r 0 90 ..." (degrees), each with colour and
     /// width of the pen, then " dashed", " inverting"; "fill 0 0 10 5 #ffffff"; "text 1 2 'abc' #000000"; "clear",
-    /// "scale left top width height", "font 15", "cross pointer", "normal pointer".
+    /// "scale left top width height", "font 15", "font 15 bold", "bitmap 120 155", "cross pointer", "normal pointer".
     std::vector<std::string> Strokes;
     std::vector<Picture> Pictures; ///< of each stroke
     SurfacePen Pen;
+    bool Paints = true;                            ///< what SurfaceBitmap answers: a picture of one pixel
+    std::array<std::uint32_t, 1> Pixel{0x00FF00U}; ///< its colour
 };
 
 extern SurfaceRecord Drawn;

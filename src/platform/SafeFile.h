@@ -1,0 +1,31 @@
+// SafeFile.h -- files that are made under a second name beside their own and get their name when they are complete: under
+// the name itself there is always the old file or the new one, whole. Each step that fails takes the second name away and is
+// a RunTimeFault that names the file and the reason.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// What stands behind a file's name while it is being made.
+inline constexpr const char* UnfinishedEnd = ".part";
+
+/// Writes `content` to the second name of `path`, whose folder must be there. What an earlier run left there goes.
+void WriteSecondName(const std::string& path, std::string_view content);
+
+/// Adds `content` to what stands under the second name.
+void AppendSecondName(const std::string& path, std::string_view content);
+
+/// Reads the file under the second name, `limit` bytes at most. False when it is longer or can't be read.
+bool ReadSecondName(const std::string& path, std::string& content, std::size_t limit);
+
+/// Gives the file under the second name its own one, on the disk too. An old file of that name goes, also one whose name
+/// differs from it by case only; a folder or a device of that name stays and is a fault.
+void PutInPlace(const std::string& path);
+
+/// The step of PutInPlace alone: false, with errno telling why, and the second name stays. `settle` brings the content to
+/// the disk ahead of its name.
+bool TakeName(const std::string& path, bool settle);
+
+/// Takes the second name away, if it is there.
+void DropSecondName(const std::string& path) noexcept;
