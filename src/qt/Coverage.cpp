@@ -50,9 +50,17 @@ void AddRectangle(CoverageMask& mask, int left, int top, int right, int bottom)
     }
 }
 
+/// For values near the image: the library's own floor is a call where the processor's can't be taken for granted.
 int Floor(double value)
 {
-    return static_cast<int>(std::floor(value));
+    const int cut = static_cast<int>(value);
+    return cut - (value < cut ? 1 : 0);
+}
+
+/// Without the care of std::hypot for lengths whose squares are no numbers: pixels are far from those.
+double Distance(double dx, double dy)
+{
+    return std::sqrt(dx * dx + dy * dy);
 }
 
 /// Moves an end that lies outside the band low .. high of one coordinate to its border. The other coordinate follows from
@@ -90,6 +98,11 @@ bool CutToImage(const CoverageMask& mask, double margin, Segment& s)
     return true;
 }
 
+int NearestPixel(double value)
+{
+    return Floor(value + 0.5 + Slip);
+}
+
 /// A piece along an axis in whole pixels. `cap`: pixels that it reaches beyond its ends.
 void CoverStraight(CoverageMask& mask, int width, const Segment& s, bool horizontal, double cap)
 {
@@ -97,9 +110,9 @@ void CoverStraight(CoverageMask& mask, int width, const Segment& s, bool horizon
     const double across = horizontal ? s.Y1 : s.X1;
     const double low = horizontal ? std::min(s.X1, s.X2) : std::min(s.Y1, s.Y2);
     const double high = horizontal ? std::max(s.X1, s.X2) : std::max(s.Y1, s.Y2);
-    const int side = Floor(across - half + 0.5);
-    const int first = Floor(low - cap + 0.5);
-    const int last = Floor(high + cap + 0.5);
+    const int side = NearestPixel(across - half);
+    const int first = NearestPixel(low - cap);
+    const int last = NearestPixel(high + cap);
     if (horizontal) {
         AddRectangle(mask, first, side, last, side + width);
     } else {
@@ -160,9 +173,16 @@ template <bool steep> void CoverHard(CoverageMask& mask, int width, Segment s)
     }
 }
 
+/// Higher than wide. Diagonals are not, whatever their last digits say.
+bool IsSteep(double dx, double dy)
+{
+    constexpr double Diagonal = 1.0001;
+    return std::fabs(dy) > std::fabs(dx) * Diagonal;
+}
+
 void CoverOblique(CoverageMask& mask, const StrokeStyle& style, const Segment& s)
 {
-    const bool steep = std::fabs(s.Y2 - s.Y1) > std::fabs(s.X2 - s.X1);
+    const bool steep = IsSteep(s.X2 - s.X1, s.Y2 - s.Y1);
     const Segment turned{s.Y1, s.X1, s.Y2, s.X2};
     if (style.Smooth) {
         steep ? CoverSmooth<true>(mask, style.Width, turned) : CoverSmooth<false>(mask, style.Width, s);
@@ -183,7 +203,7 @@ void CoverJoint(CoverageMask& mask, int width, double x, double y)
     const int bottom = std::min(Floor(y + reach), mask.Height - 1);
     for (int row = std::max(Floor(y - reach), 0); row <= bottom; ++row) {
         for (int column = left; column <= right; ++column) {
-            const double share = std::clamp(reach - std::hypot(column + 0.5 - x, row + 0.5 - y), 0.0, 1.0);
+            const double share = std::min(reach - Distance(column + 0.5 - x, row + 0.5 - y), 1.0);
             const std::size_t cell = static_cast<std::size_t>(row) * static_cast<std::size_t>(mask.Width) +
                                      static_cast<std::size_t>(column);
             const int lacking = static_cast<int>(share * Full + 0.5) - mask.Cells[cell];
@@ -203,7 +223,7 @@ bool Near(double x1, double y1, double x2, double y2)
 bool LeaveCorner(double x1, double y1, double x2, double y2)
 {
     const bool alongAxes = (x1 == 0.0 || y1 == 0.0) && (x2 == 0.0 || y2 == 0.0);
-    const bool otherWay = (std::fabs(x1) < std::fabs(y1)) != (std::fabs(x2) < std::fabs(y2));
+    const bool otherWay = IsSteep(x1, y1) != IsSteep(x2, y2);
     return !alongAxes && (otherWay || x1 * x2 + y1 * y2 < StraightOn);
 }
 
@@ -334,7 +354,7 @@ void CoverLine(CoverageMask& mask, const StrokeStyle& style, double x1, double y
     }
     Segment piece = s;
     const bool seen = CutToImage(mask, SeenAround + style.Width, piece);
-    const double length = std::hypot(s.X2 - s.X1, s.Y2 - s.Y1);
+    const double length = Distance(s.X2 - s.X1, s.Y2 - s.Y1);
     if (style.DashOn > 0.0 && length > 0.0) {
         if (seen) {
             CoverDashes(mask, style, piece, lie, travelled + std::hypot(piece.X1 - s.X1, piece.Y1 - s.Y1));

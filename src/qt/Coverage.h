@@ -52,6 +52,10 @@ struct PixelArc {
 /// Pixels around the image, and a pen's width more, in which strokes are still worked out.
 inline constexpr double SeenAround = 4.0;
 
+/// Pixels that are added before whole ones are chosen: round sizes often fall on the border between two, where the last
+/// digit would decide.
+inline constexpr double Slip = 1e-3;
+
 /// An empty mask for an image of so many pixels.
 void ResizeMask(CoverageMask& mask, int width, int height);
 

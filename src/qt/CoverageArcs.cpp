@@ -34,7 +34,7 @@ struct EndShift {
 double ShiftToPixels(double middle, int width)
 {
     const double half = width / 2.0;
-    return std::floor(middle - half + 0.5) + half - middle;
+    return std::floor(middle - half + 0.5 + Slip) + half - middle;
 }
 
 EndShift ShiftOfEnd(const PixelArc& arc, double angle, int width)

@@ -30,6 +30,8 @@ struct PaintedPicture {
     double Top = 0.0;
     double Width = 0.0; ///< world; 0: no scale yet
     double Height = 0.0;
+    double PixelsPerUnitX = 0.0; ///< of the image; 0 without an image or a scale
+    double PixelsPerUnitY = 0.0;
     SurfacePen Pen;
     StrokeStyle Style; ///< of the pen
     std::int16_t FontPoints = 15;
@@ -54,18 +56,18 @@ PaintedPicture& PictureOf(Picture picture)
 
 bool HasScale(const PaintedPicture& painted)
 {
-    return !painted.Image.isNull() && painted.Width != 0.0 && painted.Height != 0.0;
+    return painted.PixelsPerUnitX != 0.0 && painted.PixelsPerUnitY != 0.0;
 }
 
 /// Pixels of the image for a world coordinate.
 double PixelX(const PaintedPicture& painted, double x)
 {
-    return (x - painted.Left) / painted.Width * painted.Image.width();
+    return (x - painted.Left) * painted.PixelsPerUnitX;
 }
 
 double PixelY(const PaintedPicture& painted, double y)
 {
-    return (y - painted.Top) / painted.Height * painted.Image.height();
+    return (y - painted.Top) * painted.PixelsPerUnitY;
 }
 
 std::uint32_t Mixed(std::uint32_t under, std::uint32_t over, std::uint32_t share)
@@ -143,6 +145,13 @@ void EndStroke(Picture picture)
     }
 }
 
+void UpdateScale(PaintedPicture& painted)
+{
+    const bool scaled = painted.Width != 0.0 && painted.Height != 0.0;
+    painted.PixelsPerUnitX = scaled ? painted.Image.width() / painted.Width : 0.0;
+    painted.PixelsPerUnitY = scaled ? painted.Image.height() / painted.Height : 0.0;
+}
+
 void UpdateStyle(PaintedPicture& painted)
 {
     const auto pixels = [&painted](double length) { return std::round(length * painted.PixelRatio); };
@@ -160,9 +169,8 @@ void StrokeArc(Picture picture, float centreX, float centreY, float radius, doub
     }
     const PaintedPicture& painted = PictureOf(picture);
     CoverArc(*mask, painted.Style,
-             {PixelX(painted, centreX), PixelY(painted, centreY),
-              static_cast<double>(radius) / painted.Width * painted.Image.width(),
-              static_cast<double>(radius) / painted.Height * painted.Image.height(), start, sweep});
+             {PixelX(painted, centreX), PixelY(painted, centreY), radius * painted.PixelsPerUnitX,
+              radius * painted.PixelsPerUnitY, start, sweep});
     EndStroke(picture);
 }
 
@@ -180,7 +188,7 @@ double EdgeWithin(double edge, int pixels, int penWidth)
 /// First pixel of a filled area whose border lies at `edge`, within the image.
 int FillEdge(double edge, int pixels)
 {
-    return static_cast<int>(std::clamp(std::floor(edge + 0.5), 0.0, static_cast<double>(pixels)));
+    return static_cast<int>(std::clamp(std::floor(edge + 0.5 + Slip), 0.0, static_cast<double>(pixels)));
 }
 
 QFont FontOf(const PaintedPicture& painted)
@@ -212,6 +220,7 @@ void ResizeSurface(Picture picture, QSize size, qreal pixelRatio)
     painted.Image = size.isEmpty() ? QImage() : QImage(size * ratio, QImage::Format_RGB32);
     painted.Image.setDevicePixelRatio(ratio);
     painted.Image.fill(Qt::white);
+    UpdateScale(painted);
     UpdateStyle(painted);
     TellTouched(picture);
 }
@@ -252,6 +261,7 @@ void SurfaceSetScale(Picture picture, double left, double top, double width, dou
     painted.Top = usable ? top : 0.0;
     painted.Width = usable ? width : 0.0;
     painted.Height = usable ? height : 0.0;
+    UpdateScale(painted);
 }
 
 void SurfaceClear(Picture picture)
