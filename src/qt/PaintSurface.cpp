@@ -106,6 +106,16 @@ void InvertBatch()
     EmptyMask(Batch.Mask);
 }
 
+/// Plainly: the image's own fill leaves the wide registers of some processors in a state that halves the speed of all
+/// that is worked out afterwards.
+void Whiten(PaintedPicture& painted)
+{
+    for (int y = 0; y < painted.Image.height(); ++y) {
+        auto* row = reinterpret_cast<std::uint32_t*>(painted.Image.scanLine(y));
+        std::fill(row, row + painted.Image.width(), Opaque | ColourBits);
+    }
+}
+
 void TellTouched(Picture picture)
 {
     PaintedPicture& painted = PictureOf(picture);
@@ -219,7 +229,7 @@ void ResizeSurface(Picture picture, QSize size, qreal pixelRatio)
     painted.PixelRatio = ratio;
     painted.Image = size.isEmpty() ? QImage() : QImage(size * ratio, QImage::Format_RGB32);
     painted.Image.setDevicePixelRatio(ratio);
-    painted.Image.fill(Qt::white);
+    Whiten(painted);
     UpdateScale(painted);
     UpdateStyle(painted);
     TellTouched(picture);
@@ -270,7 +280,7 @@ void SurfaceClear(Picture picture)
     if (Batch.On == &painted) {
         EmptyMask(Batch.Mask);
     }
-    painted.Image.fill(Qt::white);
+    Whiten(painted);
     TellTouched(picture);
 }
 
