@@ -1,6 +1,7 @@
 #include "qt/ModalBox.h"
 
 #include "qt/KeyMap.h"
+#include "qt/LateKeys.h"
 #include "qt/Mirror.h"
 #include "qt/StationWindow.h"
 #include "qt/WindowEvents.h"
@@ -39,7 +40,19 @@ struct ModalPanel {
     QFrame* Panel = nullptr;
     QEventLoop Loop;
     bool Ok = false;
+    bool Closed = false; ///< the answer is given, the loop about to end
 };
+
+/// Takes the answer; the first one counts, however fast others follow.
+void ClosePanel(ModalPanel& modal, bool ok)
+{
+    if (!modal.Closed) {
+        modal.Closed = true;
+        modal.Ok = ok;
+        HoldKeys();
+        modal.Loop.quit();
+    }
+}
 
 QLabel* AddLine(QVBoxLayout* layout, const QString& name, const std::string& text)
 {
@@ -95,6 +108,7 @@ void RunPanel(ModalPanel& modal, QWidget* first)
         before->setFocus(Qt::OtherFocusReason);
     }
     MirrorRecords();
+    ReleaseKeys();
 }
 
 /// Sees the keys of a panel and of all that is on it.
@@ -134,10 +148,7 @@ void AddButton(ModalPanel& modal, QHBoxLayout* layout, const QString& name, cons
     button->setFocusPolicy(Qt::NoFocus);
     NameControl(button, name);
     layout->addWidget(button, 1);
-    QObject::connect(button, &QPushButton::clicked, [&modal, ok] {
-        modal.Ok = ok;
-        modal.Loop.quit();
-    });
+    QObject::connect(button, &QPushButton::clicked, [&modal, ok] { ClosePanel(modal, ok); });
 }
 
 bool BoxEvent(ModalPanel& modal, QEvent* event)
@@ -151,8 +162,7 @@ bool BoxEvent(ModalPanel& modal, QEvent* event)
     }
     bool result = false;
     if (BoxKey(KeyCodeOf(*static_cast<QKeyEvent*>(event)), result)) {
-        modal.Ok = result;
-        modal.Loop.quit();
+        ClosePanel(modal, result);
     }
     return true;
 }
@@ -237,7 +247,7 @@ bool DialogEvent(ModalPanel& modal, QObject* object, QEvent* event)
     if (code == KeyF8 || code == KeyF10 || code == KeyEnter) {
         RunEvent([&] {
             if (InputDialogKey(slot, code)) {
-                modal.Loop.quit();
+                ClosePanel(modal, true);
             }
         });
         return true;
@@ -268,7 +278,8 @@ bool RunStationBox(const std::string& line1, const std::string& line2, const std
         AddButton(modal, buttons, "OKButton", ok, true);
     }
     modal.Panel->setFocusPolicy(Qt::StrongFocus);
-    WatchPanel(modal, [&modal](QObject*, QEvent* event) { return BoxEvent(modal, event); });
+    WatchPanel(modal,
+               [&modal](QObject*, QEvent* event) { return KeepLateKey(event) || BoxEvent(modal, event); });
     RunPanel(modal, modal.Panel);
     return modal.Ok;
 }
@@ -287,9 +298,11 @@ void RunStationDialog()
     button->setFocusPolicy(Qt::NoFocus); // it would hand the focus on to the first row
     NameControl(button, "OKButton");
     layout->addWidget(button);
-    QObject::connect(button, &QPushButton::clicked, [&modal] { modal.Loop.quit(); });
+    QObject::connect(button, &QPushButton::clicked, [&modal] { ClosePanel(modal, true); });
     modal.Panel->setFocusPolicy(Qt::StrongFocus);
-    WatchPanel(modal, [&modal](QObject* object, QEvent* event) { return DialogEvent(modal, object, event); });
+    WatchPanel(modal, [&modal](QObject* object, QEvent* event) {
+        return KeepLateKey(event) || DialogEvent(modal, object, event);
+    });
     QWidget* first = nullptr;
     for (std::int16_t slot = 1; slot < static_cast<std::int16_t>(Rows.size()) && first == nullptr; ++slot) {
         first = EntryOf(slot);

@@ -5,6 +5,7 @@
 #include "platform/Surface.h"
 #include "state/AppState.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -15,6 +16,8 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
+#include <memory>
 
 /// A caption and its field.
 struct FieldRow {
@@ -60,8 +63,15 @@ struct StationWindowRecord {
     std::array<QLabel*, 2> Counts{}; ///< LabelNesting 8 and 9
 
     QWidget* Focus = nullptr; ///< control that has the focus as the shell knows it
-    bool Mirroring = false;   ///< the records are being shown: what the controls report meanwhile is no event
-    bool Modal = false;       ///< a box or dialog is open
+    QWidget* Clicked =
+        nullptr;            ///< control to which the mouse button that is still down has brought the focus
+    bool Mirroring = false; ///< the records are being shown: what the controls report meanwhile is no event
+    bool Modal = false;     ///< a box or dialog is open
+
+    bool Yielding = false; ///< a routine lets the window system catch up, and takes no keys meanwhile
+    bool KeysHeld = false; ///< an answered panel's loop hasn't ended
+    std::deque<std::shared_ptr<QKeyEvent>> LateKeys; ///< that wait for it, and all behind them
+    const QEvent* SentKey = nullptr;                 ///< the one of them whose turn it is
     MirroredState Shown;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "qt/KeyMap.h"
+#include "qt/LateKeys.h"
 #include "qt/Mirror.h"
 #include "qt/PictureBoxes.h"
 #include "qt/StationWindow.h"
@@ -206,6 +207,16 @@ bool ListMouse(std::int16_t tab, const QMouseEvent& event)
     return true;
 }
 
+/// A click that brings the focus selects the whole text, as every arrival does; a click further on sets the caret.
+void SelectClickedText(QWidget* control)
+{
+    auto* edit = qobject_cast<QLineEdit*>(control);
+    if (edit != nullptr && control == Window.Clicked && edit->hasFocus() && !edit->hasSelectedText()) {
+        edit->selectAll();
+    }
+    Window.Clicked = nullptr;
+}
+
 /// Tab of the list whose items `control` shows, -1 for none.
 std::int16_t ViewportTab(const QObject* control)
 {
@@ -264,11 +275,14 @@ bool Watcher::eventFilter(QObject* object, QEvent* event)
     }
     switch (event->type()) {
     case QEvent::KeyPress:
-        return Window.Modal || ControlKey(control, *static_cast<QKeyEvent*>(event));
+        return KeepLateKey(event) || Window.Modal || ControlKey(control, *static_cast<QKeyEvent*>(event));
     case QEvent::ShortcutOverride: // no key is anybody's shortcut
         event->accept();
         return true;
     case QEvent::FocusIn:
+        if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
+            Window.Clicked = control;
+        }
         FocusCame(control);
         return false;
     case QEvent::MouseButtonPress:
@@ -276,7 +290,10 @@ bool Watcher::eventFilter(QObject* object, QEvent* event)
         if (const std::int16_t tab = ViewportTab(object); tab >= 0) {
             return Window.Modal || ListMouse(tab, *static_cast<QMouseEvent*>(event));
         }
-        return false;
+        return PictureEvent(control, event);
+    case QEvent::MouseButtonRelease:
+        SelectClickedText(control);
+        return PictureEvent(control, event);
     default:
         return PictureEvent(control, event);
     }

@@ -1,5 +1,6 @@
 // The body of the screen seam for the window.
 #include "platform/Screen.h"
+#include "qt/LateKeys.h"
 #include "qt/Mirror.h"
 #include "qt/ModalBox.h"
 #include "qt/StationWindow.h"
@@ -106,8 +107,12 @@ void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t l
 void Yield()
 {
     MirrorRecords();
-    QCoreApplication::processEvents(AppState.SimRunning != FlagOff ? QEventLoop::AllEvents
-                                                                   : QEventLoop::ExcludeUserInputEvents);
+    const bool outer = Window.Yielding;
+    Window.Yielding = AppState.SimRunning == FlagOff;
+    QCoreApplication::processEvents(Window.Yielding ? QEventLoop::ExcludeUserInputEvents
+                                                    : QEventLoop::AllEvents);
+    Window.Yielding = outer;
+    PostLateKeys();
 }
 
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
