@@ -10,7 +10,6 @@ constexpr double AlongAxis = 0.05;      ///< pixels that a line along an axis ma
 constexpr double AlongAxisSlope = 0.02; ///< and how much of its length: short chords of a curve stay smooth
 constexpr double Meeting = 0.25;        ///< pixels between the end of a stroke and the start of its successor
 constexpr double StraightOn = 0.94;     ///< cosine of the turn that needs no closing
-constexpr double Margin = 4.0;          ///< pixels around the image in which strokes are still worked out
 
 struct Segment {
     double X1, Y1, X2, Y2;
