@@ -148,6 +148,28 @@ TEST(WindowKeys, TheFirstAnswerOfABoxCounts)
     EXPECT_TRUE(station.Lives());
 }
 
+/// Ten thousand copies; the keys that come while they are written find a finished program.
+TEST(WindowKeys, HammeredDuringASaveSpoilNothing)
+{
+    WindowStation station;
+    const Road road = {{"X Sheet", "*100"}, {"Y Sheet", "*100"}};
+    const std::string expected = station.Reference("R-13", {}, road, "LONG");
+    station.Start();
+    station.Press(Keys(12, "F3"));
+    station.Open();
+    station.Walk(road);
+    station.Press({"F10"});
+    station.Type("LONG");
+    Keys keys = {"Return"};
+    for (int i = 0; i < 20; ++i) {
+        keys.insert(keys.end(), {"F3", "F10", "F1", "F8", "F1", "Down", "F2"});
+    }
+    station.Press(keys);
+    EXPECT_EQ(station.AwaitProgram("LONG"), expected);
+    station.Screen.WaitUntilStill();
+    EXPECT_TRUE(station.Lives());
+}
+
 /// Random keys, each as soon as the one before is sent. Esc is left out, and F10 while F9 may have asked for the end.
 Keys HammeredKeys(std::uint32_t seed, int count)
 {

@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 TEST(WindowPlaces, MissingFoldersAreEmptyLists)
 {
     WindowStation station;
-    station.Set("CONFIG", "NESTING_PATH", "/nowhere/at/all");
+    station.Set("CONFIG", "NESTING_PATH", station.Folder.Path + "/NOWHERE");
     station.Set("CONFIG", "DXF_PATH", "X:\\NOT\\THERE");
     station.Set("CONFIG", "NC_PATH", "NEW\\PROGRAMS");
     const std::string expected = station.Reference("R-01", {}, {}, "EMPTY");
@@ -31,6 +31,23 @@ TEST(WindowPlaces, MissingFoldersAreEmptyLists)
     ASSERT_TRUE(WaitFor(20, [&path] { return fs::exists(path); })) << "the folder of the programs is made";
     EXPECT_EQ(station.Folder.Read("NEW/PROGRAMS/EMPTY.nc"), expected);
     EXPECT_TRUE(station.Lives());
+}
+
+TEST(WindowPlaces, AFolderThatCantBeReadIsAnEmptyList)
+{
+    WindowStation station;
+    const std::string locked = station.Folder.Path + "/LOCKED";
+    fs::create_directory(locked);
+    fs::permissions(locked, fs::perms::none);
+    station.Set("CONFIG", "DXF_PATH", "LOCKED");
+    const std::string expected = station.Reference("R-02", {}, {}, "LOCKED");
+    station.Start();
+    station.GoToTab(DxfTab);
+    station.Press({"F10", "Return", "F3", "F2", "F2", "F2", "F3"}); // back to the shapes
+    station.Open();
+    station.Walk({});
+    EXPECT_EQ(station.Save("LOCKED"), expected);
+    fs::permissions(locked, fs::perms::owner_all);
 }
 
 TEST(WindowPlaces, AFolderThatIsNoneLeavesNoProgram)

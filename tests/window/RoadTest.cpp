@@ -128,6 +128,25 @@ TEST(WindowRoad, TurnsMirrorsScalesAndNests)
     }
 }
 
+/// What was saved is listed, opens where the nest began, and gives the same program again.
+TEST(WindowRoad, CutsASavedJobAgain)
+{
+    WindowStation station;
+    const Road road = {{"Angle", "30"}, {"X Sheet", "*2"}, {"Y Sheet", "900"}};
+    station.Start();
+    station.Press({"F3", "F3", "F3"});
+    station.Open();
+    station.Walk(road);
+    const std::string first = station.Save("FIRST");
+    station.Press({"F10"}); // the job is the only one, and marked
+    station.Walk({});
+    std::string again = station.Save("AGAIN");
+    const std::size_t name = again.find("AGAIN");
+    ASSERT_NE(name, std::string::npos);
+    EXPECT_EQ(again.replace(name, 5, "FIRST"), first);
+    EXPECT_GT(PartsIn(first), 1);
+}
+
 /// F10 straight out of a field that was typed into loses nothing.
 TEST(WindowRoad, AValueCountsWithoutEnter)
 {
