@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -18,6 +19,10 @@ namespace
 {
 constexpr double DashPixels = 6.0; ///< device-independent, as the widths of pens are
 constexpr double GapPixels = 4.0;
+constexpr double PixelsPerPoint = 96.0 / 72.0;
+constexpr double LineShare = 0.032; ///< of a picture's height: the most that a letter's size takes
+constexpr double LeastFontPixels = 10.0;
+constexpr double HaloPixels = 4.0;  ///< half of it around each letter
 constexpr double WidestPen = 200.0; ///< pixels of the image
 constexpr std::uint32_t ColourBits = 0xFFFFFF;
 constexpr std::uint32_t Opaque = 0xFF000000;
@@ -201,13 +206,31 @@ int FillEdge(double edge, int pixels)
     return static_cast<int>(std::clamp(std::floor(edge + 0.5 + Slip), 0.0, static_cast<double>(pixels)));
 }
 
+/// The size asked for, or what leaves a line its room above the part in a low picture.
+int FontPixels(const PaintedPicture& painted)
+{
+    const double height = painted.Size.height();
+    const double room = std::max(height * LineShare, LeastFontPixels);
+    return static_cast<int>(std::lround(std::clamp(painted.FontPoints * PixelsPerPoint, 1.0, room)));
+}
+
 QFont FontOf(const PaintedPicture& painted)
 {
     QFont font = QGuiApplication::font();
-    font.setPointSize(std::max<int>(painted.FontPoints, 1));
+    font.setPixelSize(FontPixels(painted));
     font.setBold(painted.FontBold);
     font.setStyleStrategy(QFont::NoSubpixelAntialias); // no coloured fringes
     return font;
+}
+/// The ground around letters, so that they are read where they stand on strokes.
+void DrawHalo(QPainter& painter, QPointF base, const QString& text)
+{
+    QPainterPath letters;
+    letters.addText(base, painter.font(), text);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(letters, QPen(Qt::white, HaloPixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.restore();
 }
 } // namespace
 
@@ -383,8 +406,9 @@ void SurfaceText(Picture picture, float x, float y, const std::string& text, std
     painter.setPen(QColor::fromRgb(Opaque | rgb));
     // Whole pixels: letters on broken ones are blurred.
     const QPointF corner(std::round(left), std::round(top));
-    painter.drawText(corner + QPointF(0.0, QFontMetricsF(painter.font(), &painted.Image).ascent()),
-                     QString::fromStdString(text));
+    const QPointF base = corner + QPointF(0.0, QFontMetricsF(painter.font(), &painted.Image).ascent());
+    DrawHalo(painter, base, QString::fromStdString(text));
+    painter.drawText(base, QString::fromStdString(text));
 }
 
 void SurfaceTextSize(Picture picture, const std::string& text, double& width, double& height)

@@ -700,7 +700,8 @@ TEST_F(PaintSurface, TextStandsInItsBox)
 
 TEST_F(PaintSurface, TextSizesAreInUnitsOfTheWorld)
 {
-    Open(Tecno, 200, 100, 1.0);
+    Open(Tecno, 2000, 2000, 1.0);
+    SurfaceSetScale(Tecno, 0, 100, 200, -100);
     double width = 0;
     double height = 0;
     SurfaceTextSize(Tecno, "123.45", width, height);
@@ -718,5 +719,21 @@ TEST_F(PaintSurface, TextSizesAreInUnitsOfTheWorld)
     SurfaceTextSize(Tecno, "", width, height);
     EXPECT_EQ(width, 0);
     EXPECT_GT(height, 0);
+}
+
+TEST_F(PaintSurface, LettersLeaveRoomInLowPicturesAndStayLegible)
+{
+    const auto lineOf = [](int pixels) { // height of a line of the given picture, in its pixels
+        Open(Tecno, pixels, pixels, 1.0);
+        SurfaceSetScale(Tecno, 0, pixels, pixels, -pixels);
+        SurfaceSetFont(Tecno, 15);
+        double width = 0;
+        double height = 0;
+        SurfaceTextSize(Tecno, "A", width, height);
+        return height;
+    };
+    EXPECT_LT(lineOf(400) * 1.2, 0.05 / 1.15 * 400 + 2); // above a part that fills the view
+    EXPECT_GE(lineOf(100), 10);
+    EXPECT_NEAR(lineOf(2000), lineOf(1000), 1e-9); // 15 points from there on
 }
 } // namespace
