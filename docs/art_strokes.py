@@ -1,7 +1,7 @@
 """The hand that draws the artwork: colours, strokes, arrows and the things that return in many pictures, as SVG text.
 
 Keys stand on a grid of 48 with strokes of 2.6, tabs and signs on a grid of 24 with strokes of 2: slate outlines, blue
-parts, orange for what a key moves, green for a lead-in and for yes, red for stop and delete. y runs downward, angles
+parts (a darker blue for a print), orange for what a key moves, green for a lead-in and for yes, red for stop and delete. y runs downward, angles
 are degrees and run counter-clockwise on the screen.
 """
 import math
@@ -12,6 +12,7 @@ PART = "#8fbdea"
 GHOST_FILL = "#dfe0dc"
 GHOST_INK = "#99a1a4"
 STEEL = "#76858f"
+PRINT = "#2f6ca8"
 MOVE = "#dd6000"
 LEAD = "#12863a"
 STOP = "#c81e1e"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the artwork of the window: every src/qt/art/*.svg and the list of them, art.qrc.
+"""Draws the artwork of the window: every src/qt/art/*.svg and the list of them, art.qrc; and docs/images/logo.svg.
 
 The same little bracket stands wherever a part is meant, a page with it for a job. No text; only elements that QtSvg
 draws: path, rect, circle, g.
@@ -7,12 +7,14 @@ draws: path, rect, circle, g.
 import pathlib
 
 from art_strokes import (
-    INK, PAPER, PART, GHOST_FILL, GHOST_INK, STEEL, MOVE, LEAD, STOP, FOCUS, KEY_GRID, TAB_GRID, TAB_STROKE,
+    INK, PAPER, PART, GHOST_FILL, GHOST_INK, STEEL, PRINT, MOVE, LEAD, STOP, FOCUS, KEY_GRID, TAB_GRID, TAB_STROKE,
     HALO, arc_arrow, arrow, box, bracket, centred_axis, cross, disk, dot, folder, glass, group, head, lead,
-    line, number, on_circle, page, path, polygon, ring, rows, sheet_of_parts, star, tick, tile, torch,
+    line, number, on_circle, page, path, points, polygon, ring, rows, sheet_of_parts, star, tick, tile, torch,
 )
 
-ART = pathlib.Path(__file__).resolve().parent.parent / "src" / "qt" / "art"
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+ART = ROOT / "src" / "qt" / "art"
+LOGO = ROOT / "docs" / "images"
 
 
 # --- keys ---------------------------------------------------------------------------------------------------
@@ -359,9 +361,28 @@ def small():
     pictures |= {
         "sign-save": disk(3, 3, 18, width=w),
         "sign-load": folder(2, 4, 20, 16, width=w),
-        "icon-file": page(5, 2, 14, 20, fold=5, width=w),
     }
     return pictures
+
+
+def file_icons():
+    """Files of the lists: each kind has an outline of its own, so that 16 pixels are enough to tell it."""
+    w = TAB_STROKE
+    little = polygon((8, 9), (11.5, 9), (11.5, 14), (16, 14), (16, 18.5), (8, 18.5), fill=PART, width=1.5)
+    corners = (4, 20), (4, 4), (13, 4), (20, 11), (20, 20)
+    outline = (polygon(*corners, fill=PART, width=w)
+               + "".join(box(x - 2.2, y - 2.2, 4.4, 4.4, PAPER, MOVE, 1.7, 0) for x, y in corners))
+    blueprint = (box(2, 4, 20, 16, PRINT, INK, w, 1.5)
+                 + polygon((6, 8), (11, 8), (11, 12), (14, 12), (14, 16), (6, 16), ink=PAPER, width=1.7)
+                 + line((17, 16.2), (18.4, 16.2), ink=PAPER, width=2))
+    program = (page(4, 2, 16, 20, fold=5, width=w) + rows(8, 9.5, (1.5, 1.5, 1.5), 4, width=w)
+               + rows(12.5, 9.5, (1.5, 3.5, 2.5), 4, ink=MOVE, width=w))
+    return {
+        "icon-job": page(4, 2, 16, 20, fold=5, width=w) + little,
+        "icon-dxf": outline,
+        "icon-dwg": blueprint,
+        "icon-iso": program,
+    }
 
 
 LETTERS = {  # strokes in a box 6 wide and 8 high
@@ -397,22 +418,48 @@ def application():
             + torch(35, 23.5, 0.9))
 
 
-def write(name, grid, content):
+WORD = (  # the strokes of each letter on its base line, 17 high for the low ones, and how wide it is
+    ("M0 -26 L0 0 M15 -26 L0 -10 M5.5 -15.8 L16 0", 16),
+    ("M17 -8.5 A8.5 8.5 0 1 1 0 -8.5 A8.5 8.5 0 1 1 17 -8.5", 17),
+    ("M0 -17 L0 0 M0 -8.5 A8.5 8.5 0 0 1 8.5 -17", 8.5),
+    ("M0 -17 L7.5 0 L15 -17", 15),
+    ("M17 -8.5 A8.5 8.5 0 1 1 0 -8.5 A8.5 8.5 0 1 1 17 -8.5 M17 -17 L17 0", 17),
+    ("M0 -17 L0 0 M0 -9.5 A7.5 7.5 0 0 1 15 -9.5 L15 0", 15),
+    ("M4.5 -23 L4.5 -5 A5 5 0 0 0 9.5 0 L11 0 M0 -17 L11 -17", 11),
+    ("M17 -8.5 A8.5 8.5 0 1 1 0 -8.5 A8.5 8.5 0 1 1 17 -8.5 M17 -17 L17 0", 17),
+)
+WORD_GAPS = 5.5, 8.5, 5, 6.5, 9, 6, 6.5, 0  # behind each letter: round and open ones stand closer
+WORD_STROKE = 4.2
+LOGO_GRID = 232, 52
+
+
+def logo():
+    """The mark of the application, and the name of the program written in strokes."""
+    x, letters = 63, ""
+    for (strokes, width), gap in zip(WORD, WORD_GAPS):
+        letters += group(f"translate({number(x)} 41)", path(strokes, width=WORD_STROKE))
+        x += width + gap
+    return path(points((0, 0), (LOGO_GRID[0], 0), LOGO_GRID, (0, LOGO_GRID[1])) + " Z", PAPER, "none") + group(
+        "translate(2 1.5)", application()) + letters
+
+
+def write(folder_path, name, grid, content):
     w, h = grid
     svg = f'<svg xmlns="http://www.w3.org/2000/svg" width="{w}" height="{h}" viewBox="0 0 {w} {h}">\n'
     svg += content.replace("/><", "/>\n<").replace("><g", ">\n<g").replace("</g><", "</g>\n<") + "\n</svg>\n"
-    (ART / f"{name}.svg").write_text(svg, encoding="utf-8")
+    (folder_path / f"{name}.svg").write_text(svg, encoding="utf-8")
 
 
 def main():
     pictures = {name: ((KEY_GRID, KEY_GRID), content) for name, content in keys().items()}
-    pictures |= {name: ((TAB_GRID, TAB_GRID), content) for name, content in small().items()}
+    pictures |= {name: ((TAB_GRID, TAB_GRID), content) for name, content in (small() | file_icons()).items()}
     pictures["lead-help"] = ((120, 72), lead_help())
     pictures["application"] = ((KEY_GRID, KEY_GRID), application())
     for old in ART.glob("*.svg"):
         old.unlink()
     for name, (grid, content) in pictures.items():
-        write(name, grid, content)
+        write(ART, name, grid, content)
+    write(LOGO, "logo", LOGO_GRID, logo())
     files = "".join(f"    <file>{name}.svg</file>\n" for name in sorted(pictures))
     listing = f'<!DOCTYPE RCC>\n<RCC version="1.0">\n<qresource prefix="/art">\n{files}</qresource>\n</RCC>\n'
     (ART / "art.qrc").write_text(listing, encoding="utf-8")

@@ -104,7 +104,12 @@ constexpr std::array ChinaPictures = {
     "tab-dxf-front",      "tab-iso",         "tab-iso-front",
 };
 
-constexpr std::array FileIcons = {"icon-file"};
+constexpr std::array FileIcons = {
+    "icon-job", // 1
+    "icon-dxf", // 2
+    "icon-dwg", // 3
+    "icon-iso", // 4
+};
 
 struct NamedDrawing {
     const char* Name;

@@ -20,8 +20,11 @@ constexpr std::int16_t ChinaTabImage = 4;
 constexpr std::int16_t SmallCamImage = 15;
 constexpr std::int16_t ChinaCamImage = 1;
 
-/// Image of ImageListFileListNormal for every file.
-constexpr ImageRef FileIcon = {ImageList::FileListNormal, 1};
+/// Images of ImageListFileListNormal, one for each kind of file.
+constexpr ImageRef JobIcon = {ImageList::FileListNormal, 1};
+constexpr ImageRef DxfIcon = {ImageList::FileListNormal, 2};
+constexpr ImageRef DwgIcon = {ImageList::FileListNormal, 3};
+constexpr ImageRef IsoIcon = {ImageList::FileListNormal, 4};
 
 /// Spacing of the items by layout, as a factor of their size.
 constexpr double IconSpacing = 1.2;
@@ -122,7 +125,7 @@ void FillFileList(std::int16_t list, const std::string& folder, std::string_view
 
 void FillJobList(const std::string& filter)
 {
-    FillFileList(TabPrograms, AppState.NestingPath, "nst", FileIcon, ColorBlue, true, filter, true);
+    FillFileList(TabPrograms, AppState.NestingPath, "nst", JobIcon, ColorBlue, true, filter, true);
     if (AppState.PreviewNest == FlagOff) {
         const ListItem* item = SelectedItem(TabPrograms);
         AppState.PreviewJob = item != nullptr ? item->Text : "";
@@ -131,13 +134,13 @@ void FillJobList(const std::string& filter)
 
 void FillDxfList()
 {
-    FillFileList(TabDxfIn, AppState.DxfPath, "dxf", FileIcon, ColorRed, false, "", true);
-    FillFileList(TabDxfIn, AppState.DxfPath, "dwg", FileIcon, ColorRed, false, "", false);
+    FillFileList(TabDxfIn, AppState.DxfPath, "dxf", DxfIcon, ColorRed, false, "", true);
+    FillFileList(TabDxfIn, AppState.DxfPath, "dwg", DwgIcon, ColorRed, false, "", false);
 }
 
 void FillIsoList()
 {
-    FillFileList(TabIsoIn, AppState.NcPath, "*", FileIcon, ColorRed, false, "", true);
+    FillFileList(TabIsoIn, AppState.NcPath, "*", IsoIcon, ColorRed, false, "", true);
 }
 
 void FillShapeLists()

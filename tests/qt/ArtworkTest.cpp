@@ -212,7 +212,7 @@ TEST(Artwork, HasTheImagesOfEachList)
         EXPECT_EQ(ArtFile({ImageList::Common, image}).isEmpty(), image > 29) << image;
         EXPECT_EQ(ArtFile({ImageList::Small, image}).isEmpty(), image > 17) << image;
         EXPECT_EQ(ArtFile({ImageList::China, image}).isEmpty(), image > 15) << image;
-        EXPECT_EQ(ArtFile({ImageList::FileListNormal, image}).isEmpty(), image > 1) << image;
+        EXPECT_EQ(ArtFile({ImageList::FileListNormal, image}).isEmpty(), image > 4) << image;
     }
 }
 
@@ -321,6 +321,26 @@ TEST(Artwork, TellsATabInFrontFromOneBehind)
         const QImage front =
             InGrey(ArtPicture({ImageList::Small, static_cast<std::int16_t>(behind + 1)}, size, 1.0));
         EXPECT_GE(Difference(normal, front), LeastOther) << tab;
+    }
+}
+
+TEST(Artwork, TellsTheKindsOfFilesApartInGrey)
+{
+    const std::vector<std::string> kinds = {"job", "dxf", "dwg", "iso"};
+    for (const int side : {16, 19, 24, 32}) { // a line of the file lists at each size of the window
+        std::vector<QImage> icons;
+        for (std::int16_t image = 1; image <= 4; ++image) {
+            const ImageRef icon = {ImageList::FileListNormal, image};
+            EXPECT_EQ(ArtFile(icon).toStdString(),
+                      ":/art/icon-" + kinds[static_cast<std::size_t>(image) - 1] + ".svg");
+            icons.push_back(InGrey(ArtPicture(icon, QSize(side, side), 1.0)));
+        }
+        for (std::size_t a = 0; a < icons.size(); ++a) {
+            for (std::size_t b = a + 1; b < icons.size(); ++b) {
+                EXPECT_GE(Difference(icons[a], icons[b]), LeastOther)
+                    << kinds[a] << ' ' << kinds[b] << " at " << side;
+            }
+        }
     }
 }
 

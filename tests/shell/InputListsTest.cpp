@@ -75,6 +75,8 @@ TEST_F(Lists, DrawingsOfBothKindsAreListedWithTheirExtension)
     FillDxfList();
     EXPECT_THAT(Texts(TabDxfIn), ElementsAre("ARM.DXF", "PLATE.DXF", "PLATE.DWG"));
     EXPECT_EQ(List(TabDxfIn).TextColor, 0xFF0000);
+    EXPECT_EQ(List(TabDxfIn).Items[1].Icon, (ImageRef{ImageList::FileListNormal, 2}));
+    EXPECT_EQ(List(TabDxfIn).Items[2].Icon, (ImageRef{ImageList::FileListNormal, 3}));
     FillDxfList();
     EXPECT_EQ(Texts(TabDxfIn).size(), 3U) << "the first call empties the list";
 }
@@ -85,6 +87,7 @@ TEST_F(Lists, EveryFileIsAProgramToImport)
     FillIsoList();
     EXPECT_THAT(Texts(TabIsoIn), ElementsAre("EMPTY.ISO", "NOEXTENSION", "PLATE.ISO"));
     EXPECT_EQ(List(TabIsoIn).TextColor, 0xFF0000);
+    EXPECT_EQ(List(TabIsoIn).Items[1].Icon, (ImageRef{ImageList::FileListNormal, 4}));
 }
 
 TEST_F(Lists, AFolderThatIsMissingGivesAnEmptyList)
