@@ -16,6 +16,9 @@
 namespace
 {
 constexpr double ShapeShare = 0.8; ///< of its box that a shape fills
+constexpr int LogoMargin = 6;      ///< from the corner of the box
+constexpr int LogoWidthShare = 4;  ///< the logo takes at most this part of the box's width
+constexpr int LogoLines = 2;       ///< and at most so many lines of text in height
 constexpr const char* PreviewFolder = "DATA\\";
 
 bool FindPicture(const QWidget* control, Picture& picture)
@@ -43,16 +46,33 @@ void PaintFitted(QPainter& painter, const QRect& box, const QPixmap& picture)
     painter.drawPixmap(place, picture);
 }
 
-/// The shape that is about to be made, with the station's logo in the upper left corner when there is one.
+/// The station's logo, when there is one, small in the upper left corner. It is ink on the drawing: its white hides
+/// nothing.
+void PaintLogo(QPainter& painter, const QRect& box)
+{
+    const QPixmap logo = LoadPicture(AppState.LogoFile);
+    const qreal ratio = Window.Main->devicePixelRatioF();
+    const QSize room(box.width() / LogoWidthShare, LogoLines * Window.Main->fontMetrics().height());
+    QSizeF size = QSizeF(logo.size()) / ratio;
+    if (logo.isNull() || room.isEmpty()) {
+        return;
+    }
+    if (size.width() > room.width() || size.height() > room.height()) {
+        size.scale(room, Qt::KeepAspectRatio);
+    }
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    const QPixmap fitted = logo.scaled((size * ratio).toSize().expandedTo(QSize(1, 1)), Qt::IgnoreAspectRatio,
+                                       Qt::SmoothTransformation);
+    painter.drawPixmap(QRectF(QPointF(LogoMargin, LogoMargin), size), fitted, QRectF(fitted.rect()));
+}
+
+/// The shape that is about to be made.
 void PaintShape(QPainter& painter, const QRect& box)
 {
     const QSize size(static_cast<int>(box.width() * ShapeShare), static_cast<int>(box.height() * ShapeShare));
     const QPixmap shape = ShapePicture(AppState.ShapeId, size, Window.Main->devicePixelRatioF());
     painter.drawPixmap((box.width() - size.width()) / 2, (box.height() - size.height()) / 2, shape);
-    const QPixmap logo = LoadPicture(AppState.LogoFile);
-    if (!logo.isNull()) {
-        painter.drawPixmap(0, 0, logo);
-    }
+    PaintLogo(painter, box);
 }
 
 void PaintPicture(QWidget* control, Picture picture)
