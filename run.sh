@@ -16,7 +16,7 @@ station=build/station
 root=$PWD
 mkdir -p "$station"
 cp -rn station/. "$station/"
-cp -f build/release/bin/korvanta build/release/bin/korvanta-batch "$station/"
+cp -f build/release/bin/korvanta build/release/bin/korvanta-batch build/release/bin/korvanta-painter.so "$station/"
 
 if [ $# -gt 0 ]; then
     cd "$caller"

@@ -74,6 +74,9 @@ Examples:
         --key CopyLeads --program PLATE --out ./nc
   A plate of the catalogue with two chamfered corners, and its picture:
     korvanta-batch R-05 --param A=300 --param X=25 --program PLATE --svg plate.svg
+  The same as a job, and a variant of that job:
+    korvanta-batch R-05 --param A=300 --param X=25 --save PLATE
+    korvanta-batch PLATE.nst --set "Angle=90" --save PLATE90
   What the station made of an ISO program, as JSON:
     korvanta-batch ./old.iso --json - --quiet
 
@@ -86,14 +89,6 @@ std::string AbsolutePath(const std::string& path)
         absolute.pop_back();
     }
     return absolute;
-}
-
-/// The folder that the running program lies in.
-std::string ProgramFolder()
-{
-    std::error_code failed;
-    const fs::path self = fs::read_symlink("/proc/self/exe", failed);
-    return failed ? AbsolutePath(".") : self.parent_path().string();
 }
 
 template <typename Row, std::size_t Count>
@@ -179,17 +174,26 @@ void ReadInput(const std::string& text, BatchOptions& options)
     options.Inputs[static_cast<std::size_t>(text[0] - '0')] = text.substr(2);
 }
 
-/// A program is named by the text ahead of the first point, folders cut off.
-void CheckProgramName(std::string& name)
+/// A program, and a job, is named by the text ahead of the first point, folders cut off.
+void CheckName(std::string& name, const char* option)
 {
     const std::size_t separator = name.find_last_of("\\/");
     name = separator == std::string::npos ? name : name.substr(separator + 1);
     if (Trim(name.substr(0, name.find('.'))).empty()) {
-        throw CLI::ValidationError("--program", "the name is empty");
+        throw CLI::ValidationError(option, "the name is empty");
     }
-    if (name == "SIMULA") {
-        throw CLI::ValidationError("--program",
+    if (UpperCase(name.substr(0, name.find('.'))) == "SIMULA") {
+        throw CLI::ValidationError(option,
                                    "SIMULA is the station's word for a simulation; choose another name");
+    }
+}
+
+/// A run that deletes does nothing else.
+void CheckDelete(BatchOptions& options)
+{
+    CheckName(options.Delete, "--delete");
+    if (!options.Source.empty() || !options.Save.empty() || !options.Program.empty()) {
+        throw CLI::ValidationError("--delete", "goes without SOURCE, --save and --program");
     }
 }
 
@@ -202,6 +206,8 @@ struct RawOptions {
     CLI::Option* SetOption = nullptr;
     CLI::Option* KeyOption = nullptr;
     CLI::Option* ProgramOption = nullptr;
+    CLI::Option* SaveOption = nullptr;
+    CLI::Option* DeleteOption = nullptr;
 };
 
 /// An option that takes one value each time it is given.
@@ -220,9 +226,9 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
     app.set_version_flag("--version", "korvanta-batch, Korvanta V2.28", "Print the version and exit");
     app.add_option(
            "SOURCE", options.Source,
-           "A shape of the catalogue (R-05), a .dxf drawing, or an ISO\n"
-           "program with any other extension. A plain file name is looked up in DXF_PATH or NC_PATH of the\n"
-           "station; a path, also ./NAME, is taken as it is")
+           "A shape of the catalogue (R-05), a .dxf drawing, a saved job\n"
+           "(.nst), or an ISO program with any other extension. A plain file name is looked up in DXF_PATH,\n"
+           "NESTING_PATH or NC_PATH of the station; a path, also ./NAME, is taken as it is")
         ->type_name("");
     app.add_flag("--list-shapes", options.ListShapes,
                  "List the shapes with their letters and defaults, with\n--json FILE as JSON, and exit");
@@ -244,6 +250,13 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
                   "Answer to question #V1 .. #V8 of the post-processor table\n(repeatable)");
     raw.ProgramOption = app.add_option("--program", options.Program, "Write the NC program NAME into NC_PATH")
                             ->type_name("NAME");
+    raw.SaveOption = app.add_option("--save", options.Save,
+                                    "Save the job NAME as the station does, over an old one:\nNC program, "
+                                    ".nst, and preview and geometry in DATA")
+                         ->type_name("NAME");
+    raw.DeleteOption = app.add_option("--delete", options.Delete,
+                                      "Delete the job NAME with its companions and its NC\nprogram, and exit")
+                           ->type_name("NAME");
     app.add_option("--out", options.Out, "Write the program into DIR instead (made when missing)")
         ->type_name("DIR");
     app.add_option("--json", options.Json, "Write the finished state to FILE, - for standard output")
@@ -269,10 +282,15 @@ void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& r
         ReadInput(input, options);
     }
     if (raw.ProgramOption->count() > 0) {
-        CheckProgramName(options.Program);
+        CheckName(options.Program, "--program");
     }
-    if (Trim(options.Source).empty() && !options.ListShapes) {
-        throw CLI::ValidationError("SOURCE", "a shape, a drawing or an ISO program is needed");
+    if (raw.SaveOption->count() > 0) {
+        CheckName(options.Save, "--save");
+    }
+    if (raw.DeleteOption->count() > 0) {
+        CheckDelete(options);
+    } else if (Trim(options.Source).empty() && !options.ListShapes) {
+        throw CLI::ValidationError("SOURCE", "a shape, a drawing, an ISO program or a job is needed");
     }
     options.ShapeId = ShapeIdOfName(UpperCase(options.Source));
     for (const std::string& parameter : raw.Parameters) {
@@ -284,6 +302,13 @@ void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& r
     options.Json = options.Json.empty() || options.Json == "-" ? options.Json : AbsolutePath(options.Json);
 }
 } // namespace
+
+std::string ProgramFolder()
+{
+    std::error_code failed;
+    const fs::path self = fs::read_symlink("/proc/self/exe", failed);
+    return failed ? AbsolutePath(".") : self.parent_path().string();
+}
 
 bool ReadOptions(int argc, const char* const* argv, BatchOptions& options, int& status)
 {

@@ -33,9 +33,11 @@ struct BatchOptions {
     std::vector<BatchStep> Steps;           ///< in the order given
     std::array<std::optional<std::string>, PprInputSlots + 1> Inputs; ///< slots from 1
     std::string Program;                                              ///< empty: none is written
-    std::string Out;                                                  ///< absolute; empty: NC_PATH
-    std::string Json;                                                 ///< absolute, or "-"; empty: none
-    std::string Svg;                                                  ///< absolute; empty: none
+    std::string Save;                                                 ///< name of a job; empty: none is saved
+    std::string Delete; ///< name of a job to delete, and nothing else
+    std::string Out;    ///< absolute; empty: NC_PATH
+    std::string Json;   ///< absolute, or "-"; empty: none
+    std::string Svg;    ///< absolute; empty: none
     bool Remember = false;
     bool Quiet = false;
 };
@@ -44,6 +46,9 @@ struct BatchOptions {
 inline constexpr int StatusDone = 0;
 inline constexpr int StatusFailed = 1;   ///< the part or its program could not be made
 inline constexpr int StatusWrongUse = 2; ///< the command line makes no sense
+
+/// The folder that the running program lies in, without a trailing separator.
+std::string ProgramFolder();
 
 /// Fills `options`. False when the run ends here (help, version, wrong use): the text is out, `status` is set.
 bool ReadOptions(int argc, const char* const* argv, BatchOptions& options, int& status);

@@ -1,17 +1,20 @@
 #include "batch/Road.h"
 
 #include "batch/LeadCheck.h"
+#include "batch/PreviewPainter.h"
 #include "batch/SilentScreen.h"
 #include "batch/StateJson.h"
 #include "batch/SvgSurface.h"
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
+#include "jobfiles/JobFiles.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Fault.h"
 #include "platform/Paths.h"
 #include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "shapes/Korvanta_Parameters.h"
+#include "shell/InputScreen.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
 
@@ -29,19 +32,31 @@ namespace fs = std::filesystem;
 constexpr std::size_t OpenProfilesListed = 5;
 constexpr std::size_t LeadsListed = 10;
 
+enum class SourceKind { Drawing, Program, Job };
+
 /// Where the source lies, in the form that the imports take, and how it is read.
 struct SourceFile {
-    ImportKind Kind = ImportKind::Program;
+    SourceKind Kind = SourceKind::Program;
     std::string Name;     ///< plain, or absolute
     std::string Path;     ///< the full path in either case
     bool IsPlain = false; ///< looked up in a folder of the station
 };
 
+/// Where plain names are looked up.
+const std::string& FolderOfKind(SourceKind kind)
+{
+    return kind == SourceKind::Drawing ? AppState.DxfPath
+           : kind == SourceKind::Job   ? AppState.NestingPath
+                                       : AppState.NcPath;
+}
+
 SourceFile ResolveSource(const std::string& source)
 {
     SourceFile file;
     const std::string extension = LowerCase(fs::path(source).extension().string());
-    file.Kind = extension == ".dxf" || extension == ".dwg" ? ImportKind::Drawing : ImportKind::Program;
+    file.Kind = extension == ".dxf" || extension == ".dwg" ? SourceKind::Drawing
+                : extension == ".nst"                      ? SourceKind::Job
+                                                           : SourceKind::Program;
     const bool hasDrive = source.size() >= 2 && source[1] == ':';
     if (source.find('/') != std::string::npos) {
         file.Name = fs::absolute(source).lexically_normal().string();
@@ -50,7 +65,7 @@ SourceFile ResolveSource(const std::string& source)
     } else {
         file.Name = source;
         file.IsPlain = true;
-        file.Path = (file.Kind == ImportKind::Drawing ? AppState.DxfPath : AppState.NcPath) + source;
+        file.Path = FolderOfKind(file.Kind) + source;
         return file;
     }
     file.Path = file.Name;
@@ -70,7 +85,10 @@ std::string FailureReason(const SourceFile& source)
         return native + " doesn't exist" +
                (isHere ? "; for the file in this folder write ./" + source.Name : "");
     }
-    return native + ": " + AppState.ImportFailure;
+    return native + ": " +
+           (source.Kind == SourceKind::Job
+                ? "the geometry of the job, in DATA beside it, is missing or broken"
+                : AppState.ImportFailure);
 }
 
 /// What the station's boxes said, ahead of the line that tells why.
@@ -79,6 +97,17 @@ void PrintBoxes()
     for (const std::string& box : SilentScreen.Boxes) {
         std::fprintf(stderr, "%s\n", box.c_str());
     }
+}
+
+/// A job on a path has its companions beside it, and so its folder is that of the jobs until one is saved.
+bool OpenJobFile(const SourceFile& source)
+{
+    if (!FileExists(source.Path)) {
+        return false;
+    }
+    AppState.NestingPath = FolderOf(source.Path);
+    OpenSavedJob(BaseName(source.Path, ""));
+    return AppState.ElementCount > 0 || AppState.ShapeId > 0;
 }
 
 bool OpenSource(const BatchOptions& options)
@@ -91,7 +120,12 @@ bool OpenSource(const BatchOptions& options)
         return true;
     }
     const SourceFile source = ResolveSource(options.Source);
-    if (OpenImport(source.Kind, source.Name)) {
+    const bool opened =
+        source.Kind == SourceKind::Job
+            ? OpenJobFile(source)
+            : OpenImport(source.Kind == SourceKind::Drawing ? ImportKind::Drawing : ImportKind::Program,
+                         source.Name);
+    if (opened) {
         return true;
     }
     PrintBoxes();
@@ -212,11 +246,11 @@ void WarnInputs()
 void WarnIdleOptions(const BatchOptions& options)
 {
     if (!options.Out.empty()) {
-        std::fputs("warning: --out has no effect without --program\n", stderr);
+        std::fputs("warning: --out has no effect without --program or --save\n", stderr);
     }
     for (const std::optional<std::string>& answer : options.Inputs) {
         if (answer.has_value()) {
-            std::fputs("warning: --input has no effect without --program\n", stderr);
+            std::fputs("warning: --input has no effect without --program or --save\n", stderr);
             return;
         }
     }
@@ -234,6 +268,11 @@ void WarnPart(std::int64_t copies)
     }
 }
 
+bool WritesProgram(const BatchOptions& options)
+{
+    return !options.Program.empty() || !options.Save.empty();
+}
+
 /// Results go to standard output, unless the JSON is there: then it stands alone.
 void PrintResults(const BatchOptions& options, std::int64_t copies)
 {
@@ -242,7 +281,7 @@ void PrintResults(const BatchOptions& options, std::int64_t copies)
     std::fprintf(to, "Pierces: %lld\n", static_cast<long long>(copies) * AppState.ProfileCount);
     std::fprintf(to, "Cutting length: %s\n",
                  FormatNumber(static_cast<double>(copies) * AppState.TotalCutLength).c_str());
-    if (!options.Program.empty()) {
+    if (WritesProgram(options)) {
         std::fprintf(to, "Program: %s\n", NativePath(AppState.ProgramPath).c_str());
     }
 }
@@ -267,12 +306,33 @@ void WriteJson(const BatchOptions& options, const std::string& text)
     }
 }
 
-void SaveProgram(const BatchOptions& options)
+/// The job of that name by the routines of the station, which then stands on the Nesting screen again.
+void SaveAsJob(const std::string& name)
+{
+    EnterSaveMode();
+    AppState.JobName = UpperCase(name);
+    std::string reason;
+    if (!StartPainter(AppState.Window.PreviewWidth, AppState.Window.PreviewHeight, reason)) {
+        std::fprintf(stderr, "warning: no preview of the job is painted: %s\n", reason.c_str());
+    }
+    SaveJob(BaseName(AppState.JobName, "."));
+    StopPainter();
+    LeaveSaveMode();
+}
+
+/// Program and job, as far as they are asked for. `nestingPath` is the station's own.
+void SaveResults(const BatchOptions& options, const std::string& nestingPath)
 {
     if (!options.Out.empty()) {
         AppState.NcPath = WithBackslash(options.Out);
     }
-    GenerateProgram(options.Program);
+    if (!options.Program.empty()) {
+        GenerateProgram(options.Program);
+    }
+    if (!options.Save.empty()) {
+        AppState.NestingPath = nestingPath;
+        SaveAsJob(options.Save);
+    }
     ClearProgress();
     WarnInputs();
 }
@@ -295,6 +355,28 @@ int ListShapes(const BatchOptions& options)
     return StatusDone;
 }
 
+int DeleteSavedJob(const BatchOptions& options)
+{
+    HoldConfigWrites();
+    StartStation(options.Station, options.Language);
+    const std::string baseName = BaseName(options.Delete, ".");
+    const std::string path = AppState.NestingPath + baseName + ".nst";
+    const std::string native = NativePath(path);
+    if (!FileExists(path)) {
+        std::fprintf(stderr, "korvanta-batch: %s doesn't exist\n", native.c_str());
+        return StatusFailed;
+    }
+    DeleteJob(baseName); // the box that asks is answered by OK
+    if (FileExists(path)) {
+        std::fprintf(stderr, "korvanta-batch: %s can't be deleted\n", native.c_str());
+        return StatusFailed;
+    }
+    if (!options.Quiet) {
+        std::printf("Deleted: %s\n", native.c_str());
+    }
+    return StatusDone;
+}
+
 int RunRoad(const BatchOptions& options)
 {
     SilentScreen.Inputs = options.Inputs;
@@ -303,6 +385,8 @@ int RunRoad(const BatchOptions& options)
         HoldConfigWrites();
     }
     StartStation(options.Station, options.Language);
+    PlanPreview();
+    const std::string nestingPath = AppState.NestingPath;
     if (!OpenSource(options)) {
         return StatusFailed;
     }
@@ -314,19 +398,19 @@ int RunRoad(const BatchOptions& options)
         RunStep(step);
     }
     GoToScreen(ScreenNesting);
-    if (!options.Program.empty()) {
-        SaveProgram(options);
+    if (WritesProgram(options)) {
+        SaveResults(options, nestingPath);
     } else {
         WarnIdleOptions(options);
     }
-    const std::int64_t copies = options.Program.empty() ? CopiesOfNest() : AppState.ProgramCopies;
+    const std::int64_t copies = WritesProgram(options) ? AppState.ProgramCopies : CopiesOfNest();
     WarnPart(copies);
     WarnLeads();
     if (!options.Quiet) {
         PrintResults(options, copies);
     }
     if (!options.Json.empty()) {
-        WriteJson(options, StateJson(!options.Program.empty()));
+        WriteJson(options, StateJson(WritesProgram(options)));
     }
     if (!options.Svg.empty()) {
         WriteWholeText(options.Svg, PartSvg());

@@ -86,6 +86,11 @@ void RunSystemBox(const std::string& caption, const std::string& text)
 
 void EndProcess(int status)
 {
+    if (status != 0) {
+        for (const std::string& box : SilentScreen.Boxes) {
+            std::fprintf(stderr, "korvanta-batch: %s\n", box.c_str());
+        }
+    }
     std::exit(status);
 }
 

@@ -1,5 +1,6 @@
 #include "batch/SvgSurface.h"
 
+#include "batch/PreviewPainter.h"
 #include "config/Korvanta_Utility.h"
 #include "platform/Surface.h"
 #include "profile/Drawing.h"
@@ -89,19 +90,32 @@ void AddArc(double radius, bool large, double x, double y)
 
 bool PictureShown()
 {
-    return Svg.Open;
+    return Svg.Open || Painter() != nullptr;
 }
 
-void SurfaceSize(Picture, std::int32_t& width, std::int32_t& height)
+void SurfaceSize(Picture picture, std::int32_t& width, std::int32_t& height)
 {
+    if (Painter() != nullptr) {
+        Painter()->Size(picture, width, height);
+        return;
+    }
     width = WidthPixels;
     height = HeightPixels;
 }
 
-void SurfaceSetScale(Picture, double, double, double, double) {} // the file is in world units
-
-void SurfaceClear(Picture)
+void SurfaceSetScale(Picture picture, double left, double top, double width, double height)
 {
+    if (Painter() != nullptr) {
+        Painter()->SetScale(picture, left, top, width, height);
+    } // the file is in world units
+}
+
+void SurfaceClear(Picture picture)
+{
+    if (Painter() != nullptr) {
+        Painter()->Clear(picture);
+        return;
+    }
     Svg.Strokes.clear();
     Svg.Paths.clear();
 }
@@ -111,8 +125,12 @@ void SurfaceSetFont(Picture, std::int16_t points, bool)
     Svg.FontPixels = points * PixelsPerPoint;
 }
 
-void SurfaceBox(Picture, float x1, float y1, float x2, float y2)
+void SurfaceBox(Picture picture, float x1, float y1, float x2, float y2)
 {
+    if (Painter() != nullptr) {
+        Painter()->Box(picture, x1, y1, x2, y2);
+        return;
+    }
     Svg.Strokes += "M";
     AddPoint(x1, y1);
     Svg.Strokes += "L";
@@ -124,8 +142,12 @@ void SurfaceBox(Picture, float x1, float y1, float x2, float y2)
     Svg.Strokes += "Z";
 }
 
-void SurfaceFillBox(Picture, float x1, float y1, float x2, float y2, std::uint32_t rgb)
+void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std::uint32_t rgb)
 {
+    if (Painter() != nullptr) {
+        Painter()->FillBox(picture, x1, y1, x2, y2, rgb);
+        return;
+    }
     FinishPath();
     Cover(x1, y1);
     Cover(x2, y2);
@@ -156,29 +178,41 @@ void SurfaceTextSize(Picture, const std::string& text, double& width, double& he
 
 void SurfaceSetCrossPointer(Picture, bool) {} // nobody points at a file
 
-bool SurfaceBitmap(Picture, std::int32_t, std::int32_t, std::string&)
+bool SurfaceBitmap(Picture picture, std::int32_t width, std::int32_t height, std::string& bytes)
 {
-    return false;
+    return Painter() != nullptr && Painter()->Bitmap(picture, width, height, bytes);
 }
 
-void SurfaceSetPen(Picture, const SurfacePen& pen)
+void SurfaceSetPen(Picture picture, const SurfacePen& pen)
 {
+    if (Painter() != nullptr) {
+        Painter()->SetPen(picture, pen);
+        return;
+    }
     if (pen.Rgb != Svg.Pen.Rgb || pen.Width != Svg.Pen.Width || pen.Dashed != Svg.Pen.Dashed) {
         FinishPath();
         Svg.Pen = pen;
     }
 }
 
-void SurfaceLine(Picture, float x1, float y1, float x2, float y2)
+void SurfaceLine(Picture picture, float x1, float y1, float x2, float y2)
 {
+    if (Painter() != nullptr) {
+        Painter()->Line(picture, x1, y1, x2, y2);
+        return;
+    }
     Svg.Strokes += "M";
     AddPoint(x1, y1);
     Svg.Strokes += "L";
     AddPoint(x2, y2);
 }
 
-void SurfaceCircle(Picture, float centreX, float centreY, float radius)
+void SurfaceCircle(Picture picture, float centreX, float centreY, float radius)
 {
+    if (Painter() != nullptr) {
+        Painter()->Circle(picture, centreX, centreY, radius);
+        return;
+    }
     const double x = centreX;
     const double r = radius;
     Svg.Strokes += "M";
@@ -189,8 +223,12 @@ void SurfaceCircle(Picture, float centreX, float centreY, float radius)
     Svg.MaxY = std::max(Svg.MaxY, centreY + r);
 }
 
-void SurfaceArc(Picture, float centreX, float centreY, float radius, float start, float end)
+void SurfaceArc(Picture picture, float centreX, float centreY, float radius, float start, float end)
 {
+    if (Painter() != nullptr) {
+        Painter()->Arc(picture, centreX, centreY, radius, start, end);
+        return;
+    }
     const double r = radius;
     const double sweep =
         end > start ? static_cast<double>(end) - start : static_cast<double>(end) - start + 2 * Pi;

@@ -32,7 +32,10 @@ int main(int argc, char** argv)
         if (!ReadOptions(argc, argv, options, status)) {
             return status;
         }
-        return options.ListShapes ? ListShapes(options) : RunRoad(options);
+        if (options.ListShapes) {
+            return ListShapes(options);
+        }
+        return options.Delete.empty() ? RunRoad(options) : DeleteSavedJob(options);
     } catch (const RunTimeFault& fault) {
         return EndWithFault(fault.what());
     } catch (const std::bad_alloc&) {

@@ -20,6 +20,9 @@ void PrepareScreens();
 /// bringing that to the foreground. `commandLine` is empty or a language number. Ends on the Input screen.
 void StartWindow(const std::string& stationFolder, const std::string& commandLine);
 
+/// The size of the job preview from the settings.
+void PlanPreview();
+
 /// Captions of the fields and tabs from the catalogue.
 void SetCaptions();
 

@@ -65,14 +65,6 @@ void PlanWindow()
     }
 }
 
-void PlanPreview()
-{
-    AppState.Window.PreviewWidth =
-        RoundAndClampToInt32(TextToNumber(ReadConfig("SETUP", "PREVIEWPIC.W", "120")));
-    AppState.Window.PreviewHeight =
-        RoundAndClampToInt32(TextToNumber(ReadConfig("SETUP", "PREVIEWPIC.H", "155")));
-}
-
 /// The note that the last program left for the control.
 void RemoveHandOverNote()
 {
@@ -81,6 +73,14 @@ void RemoveHandOverNote()
     }
 }
 } // namespace
+
+void PlanPreview()
+{
+    AppState.Window.PreviewWidth =
+        RoundAndClampToInt32(TextToNumber(ReadConfig("SETUP", "PREVIEWPIC.W", "120")));
+    AppState.Window.PreviewHeight =
+        RoundAndClampToInt32(TextToNumber(ReadConfig("SETUP", "PREVIEWPIC.H", "155")));
+}
 
 void StartWindow(const std::string& stationFolder, const std::string& commandLine)
 {

@@ -258,8 +258,8 @@ TEST(Use, OptionsWithoutAProgramAreTold)
     const BatchStation station;
     const BatchResult result = station.Run({"box.iso", "--out", "there", "--input", "1=5"});
     EXPECT_EQ(result.Status, 0);
-    EXPECT_EQ(result.Errors, "warning: --out has no effect without --program\n"
-                             "warning: --input has no effect without --program\n");
+    EXPECT_EQ(result.Errors, "warning: --out has no effect without --program or --save\n"
+                             "warning: --input has no effect without --program or --save\n");
     EXPECT_FALSE(station.Folder.Holds("there"));
 }
 

@@ -1,0 +1,46 @@
+#include "batch/PreviewPainter.h"
+
+#include "batch/Options.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+
+namespace
+{
+constexpr const char* ModuleName = "/korvanta-painter.so";
+constexpr std::int32_t LargestPicture = 10000; // pixels; a setting beyond it is no size of a picture
+
+const SurfacePainter* Current = nullptr;
+
+const SurfacePainter* LoadPainter(std::string& reason)
+{
+    void* const module = ::dlopen((ProgramFolder() + ModuleName).c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const entry = module == nullptr ? nullptr : ::dlsym(module, PainterEntry);
+    if (entry == nullptr) {
+        const char* const error = ::dlerror();
+        reason = error == nullptr ? "the module tells no painter" : error;
+        return nullptr;
+    }
+    return reinterpret_cast<PainterEntryRoutine>(entry)();
+}
+} // namespace
+
+const SurfacePainter* Painter()
+{
+    return Current;
+}
+
+bool StartPainter(std::int32_t width, std::int32_t height, std::string& reason)
+{
+    Current = LoadPainter(reason);
+    if (Current != nullptr) {
+        Current->Resize(Picture::Preview, std::clamp(width, 1, LargestPicture),
+                        std::clamp(height, 1, LargestPicture));
+    }
+    return Current != nullptr;
+}
+
+void StopPainter()
+{
+    Current = nullptr;
+}
