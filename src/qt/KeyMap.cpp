@@ -20,15 +20,18 @@ constexpr KeyRow NamedKeys[] = {
     {Qt::Key_Right, KeyRight},  {Qt::Key_Down, KeyDown},   {Qt::Key_Delete, KeyDelete},
     {Qt::Key_Backspace, 8},     {Qt::Key_Tab, 9},          {Qt::Key_Pause, 19},
     {Qt::Key_PageUp, 33},       {Qt::Key_PageDown, 34},    {Qt::Key_End, 35},
-    {Qt::Key_Home, 36},         {Qt::Key_Insert, 45},      {Qt::Key_Asterisk, 106},
-    {Qt::Key_Plus, 107},        {Qt::Key_Minus, 109},      {Qt::Key_NumLock, 144},
-    {Qt::Key_ScrollLock, 145},
+    {Qt::Key_Home, 36},         {Qt::Key_Insert, 45},      {Qt::Key_Backtab, 9},
+    {Qt::Key_Clear, 12},        {Qt::Key_Shift, 16},       {Qt::Key_Control, 17},
+    {Qt::Key_Alt, 18},          {Qt::Key_CapsLock, 20},    {Qt::Key_Print, 44},
+    {Qt::Key_Help, 47},         {Qt::Key_Meta, 91},        {Qt::Key_Menu, 93},
+    {Qt::Key_NumLock, 144},     {Qt::Key_ScrollLock, 145}, {Qt::Key_Plus, 187},
+    {Qt::Key_Comma, 188},       {Qt::Key_Minus, 189},      {Qt::Key_Period, 190},
 };
 
-/// The keypad without its number lock.
+/// The keypad: its page keys are those without the number lock.
 constexpr KeyRow PadKeys[] = {
-    {Qt::Key_PageDown, KeyPad3},
-    {Qt::Key_PageUp, KeyPad9},
+    {Qt::Key_PageDown, KeyPad3}, {Qt::Key_PageUp, KeyPad9}, {Qt::Key_Asterisk, 106}, {Qt::Key_Plus, 107},
+    {Qt::Key_Minus, 109},        {Qt::Key_Period, 110},     {Qt::Key_Comma, 110},    {Qt::Key_Slash, 111},
 };
 
 std::int16_t Offset(std::int16_t base, int key, int firstKey)

@@ -116,7 +116,7 @@ int PlaceNameFrame(const QRect& area)
 {
     const QFontMetrics metrics(Window.Main->font());
     const int line = metrics.height() + Gap;
-    const int picture = std::clamp<int>(AppState.Window.PreviewWidth, 1, area.width() / 2);
+    const int picture = std::clamp<int>(AppState.Window.PreviewWidth, 1, std::max(1, area.width() / 2));
     const int label = std::min(NameLabelWidth(metrics), area.width() / 3);
     const int width =
         std::min(std::max(picture, std::max(label + line + Gap, 12 * line / 2)), area.width() / 2);

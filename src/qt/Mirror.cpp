@@ -4,6 +4,7 @@
 #include "qt/Artwork.h"
 #include "qt/Layout.h"
 #include "qt/StationWindow.h"
+#include "shell/InputEvents.h"
 
 #include <QIcon>
 #include <QPalette>
@@ -57,7 +58,11 @@ void ShowField(QLineEdit* edit, const ValueField& field)
 {
     const QString shown = FromText(field.Text);
     if (edit->text() != shown) {
+        const bool whole = edit->hasSelectedText() && edit->selectedText() == edit->text();
         edit->setText(shown);
+        if (whole) {
+            edit->selectAll(); // a field that waits to be typed over goes on waiting
+        }
     }
     ShowColour(edit, QPalette::Base, field.BackColor);
 }
@@ -282,9 +287,14 @@ void ShowPanels()
     }
 }
 
-/// A hidden control can't keep the focus; then the window itself takes the keys.
+/// A hidden control can't keep the focus; then the window itself takes the keys. Value fields have been left by then:
+/// a screen is left by leaving its field first.
 void KeepFocus()
 {
+    const bool hidden = Window.Focus != nullptr && !Window.Focus->isVisibleTo(Window.Main);
+    if (hidden && Window.Focus == Window.TextFileName) {
+        FileNameLeft();
+    }
     QWidget* wanted =
         Window.Focus != nullptr && Window.Focus->isVisibleTo(Window.Main) ? Window.Focus : Window.Main;
     Window.Focus = wanted;

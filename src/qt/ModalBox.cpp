@@ -9,6 +9,7 @@
 #include "shell/Korvanta_InputParamPPR.h"
 #include "shell/MsgBox_Unicode.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEventLoop>
 #include <QFrame>
@@ -17,7 +18,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <memory>
 
 namespace
 {
@@ -34,14 +38,34 @@ struct DialogRow {
 };
 std::array<DialogRow, PprInputSlots + 1> Rows;
 
+/// Sees the events of a panel and of all that is on it; true ends one there.
+using EventHandler = std::function<bool(QObject*, QEvent*)>;
+class KeyWatcher : public QObject
+{
+public:
+    explicit KeyWatcher(EventHandler handler) : Handler(std::move(handler)) {}
+
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        return Handler(object, event);
+    }
+
+private:
+    EventHandler Handler;
+};
+
 /// A panel over the dimmed window, until its loop ends.
 struct ModalPanel {
     QWidget* Cover = nullptr;
     QFrame* Panel = nullptr;
+    QPointer<QWidget> Focus; ///< of its controls the one that has the focus
+    std::unique_ptr<KeyWatcher> Watcher;
+    std::unique_ptr<KeyWatcher> WindowWatcher;
     QEventLoop Loop;
     bool Ok = false;
     bool Closed = false; ///< the answer is given, the loop about to end
 };
+ModalPanel* TopPanel = nullptr; ///< the one in front, null when none is open
 
 /// Takes the answer; the first one counts, however fast others follow.
 void ClosePanel(ModalPanel& modal, bool ok)
@@ -72,7 +96,6 @@ void OpenPanel(ModalPanel& modal, const QString& name)
     dim.setColor(QPalette::Window, QColor::fromRgba(DimColour));
     modal.Cover->setPalette(dim);
     modal.Cover->setAutoFillBackground(true);
-    modal.Cover->setGeometry(Window.Main->rect());
     modal.Panel = new QFrame(modal.Cover);
     modal.Panel->setFrameStyle(QFrame::Box | QFrame::Plain);
     modal.Panel->setPalette(Window.Main->palette());
@@ -82,9 +105,10 @@ void OpenPanel(ModalPanel& modal, const QString& name)
 
 void CentrePanel(const ModalPanel& modal)
 {
+    modal.Cover->setGeometry(Window.Main->rect());
     const int least = Window.Main->width() / BoxShare;
     modal.Panel->setMinimumWidth(least);
-    modal.Panel->setMaximumWidth(Window.Main->width() - 2 * Margin);
+    modal.Panel->setMaximumWidth(std::max(least, Window.Main->width() - 2 * Margin));
     modal.Panel->adjustSize();
     const QRect room = modal.Cover->rect();
     modal.Panel->move((room.width() - modal.Panel->width()) / 2, (room.height() - modal.Panel->height()) / 2);
@@ -93,48 +117,44 @@ void CentrePanel(const ModalPanel& modal)
 /// Shows the panel until its loop is left; the control that had the focus has it again afterwards.
 void RunPanel(ModalPanel& modal, QWidget* first)
 {
-    const bool outer = Window.Modal;
-    const QPointer<QWidget> before = outer ? modal.Cover->window()->focusWidget() : nullptr;
+    ModalPanel* outer = TopPanel;
+    TopPanel = &modal;
     Window.Modal = true;
+    modal.Focus = first;
+    modal.WindowWatcher = std::make_unique<KeyWatcher>([&modal](QObject*, QEvent* event) {
+        if (event->type() == QEvent::Resize) {
+            CentrePanel(modal);
+        }
+        return false;
+    });
+    Window.Main->installEventFilter(modal.WindowWatcher.get());
     CentrePanel(modal);
     modal.Cover->show();
     modal.Cover->raise();
     first->setFocus(Qt::OtherFocusReason);
     modal.Loop.exec();
+    TopPanel = outer;
     modal.Cover->hide();
     modal.Cover->deleteLater();
-    Window.Modal = outer;
-    if (before != nullptr) {
-        before->setFocus(Qt::OtherFocusReason);
-    }
+    Window.Modal = outer != nullptr;
+    KeepModalFocus();
     MirrorRecords();
     ReleaseKeys();
 }
 
-/// Sees the keys of a panel and of all that is on it.
-class KeyWatcher : public QObject
+void WatchPanel(ModalPanel& modal, EventHandler handler)
 {
-public:
-    KeyWatcher(QObject* parent, std::function<bool(QObject*, QEvent*)> handler)
-        : QObject(parent), Handler(std::move(handler))
-    {
-    }
-
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        return Handler(object, event);
-    }
-
-private:
-    std::function<bool(QObject*, QEvent*)> Handler;
-};
-
-void WatchPanel(const ModalPanel& modal, std::function<bool(QObject*, QEvent*)> handler)
-{
-    auto* watcher = new KeyWatcher(modal.Panel, std::move(handler));
-    modal.Panel->installEventFilter(watcher);
+    modal.Watcher = std::make_unique<KeyWatcher>([&modal, handler](QObject* object, QEvent* event) {
+        auto* control = qobject_cast<QWidget*>(object);
+        if (event->type() == QEvent::FocusIn && modal.Cover->window()->isAncestorOf(control)) {
+            modal.Focus = control;
+        }
+        SelectOnClick(control, *event);
+        return handler(object, event);
+    });
+    modal.Panel->installEventFilter(modal.Watcher.get());
     for (QWidget* control : modal.Panel->findChildren<QWidget*>()) {
-        control->installEventFilter(watcher);
+        control->installEventFilter(modal.Watcher.get());
     }
 }
 
@@ -199,6 +219,8 @@ void MakeEntry(std::size_t slot)
         QObject::connect(row.Combo, &QComboBox::currentTextChanged,
                          [&record](const QString& text) { record.Text = ToText(text); });
         NameControl(row.Combo, QString("PprParam_Combo %1").arg(slot - 1));
+        row.Combo->view()->setObjectName(
+            "PprParam_Combo options"); // makes it, so that its keys are watched, too
     } else {
         row.Text = new QLineEdit(FromText(record.Text));
         row.Text->setContextMenuPolicy(Qt::NoContextMenu);
@@ -227,6 +249,55 @@ void MakeRows(QGridLayout* grid)
     }
 }
 
+/// The next row in use, round to the first or the last.
+void StepRow(std::int16_t slot, bool forward)
+{
+    const auto count = static_cast<int>(Rows.size()) - 1;
+    for (int step = 1; step <= count; ++step) {
+        const int at = (slot - 1 + (forward ? step : count - step)) % count + 1;
+        if (QWidget* entry = EntryOf(static_cast<std::int16_t>(at))) {
+            entry->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return;
+        }
+    }
+}
+
+void CloseDialog(ModalPanel& modal)
+{
+    for (const DialogRow& row : Rows) {
+        if (row.Combo != nullptr) {
+            row.Combo->hidePopup();
+        }
+    }
+    ClosePanel(modal, true);
+}
+
+/// Keys of a row, or of the panel: slot 0.
+bool DialogKey(ModalPanel& modal, std::int16_t slot, const QKeyEvent& key)
+{
+    if (slot > 0 && (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab)) {
+        StepRow(slot, key.key() == Qt::Key_Tab);
+        return true;
+    }
+    const std::int16_t code = KeyCodeOf(key);
+    if (code == KeyF8 || code == KeyF10 || code == KeyEnter) {
+        RunEvent([&] {
+            if (InputDialogKey(slot, code)) {
+                CloseDialog(modal);
+            }
+        });
+        return true;
+    }
+    return code == KeyEsc; // nothing hides a question that the program needs an answer to
+}
+
+/// The options of a row that are open take their own keys, but not those that close the dialog.
+bool OptionsKey(ModalPanel& modal, const QKeyEvent& key)
+{
+    const std::int16_t code = KeyCodeOf(key);
+    return (code == KeyF8 || code == KeyF10) && DialogKey(modal, 0, key);
+}
+
 /// A list moves by its arrow keys, a text is typed; all else is the dialog's.
 bool DialogEvent(ModalPanel& modal, QObject* object, QEvent* event)
 {
@@ -243,16 +314,7 @@ bool DialogEvent(ModalPanel& modal, QObject* object, QEvent* event)
         return false;
     }
     const auto& key = *static_cast<QKeyEvent*>(event);
-    const std::int16_t code = KeyCodeOf(key);
-    if (code == KeyF8 || code == KeyF10 || code == KeyEnter) {
-        RunEvent([&] {
-            if (InputDialogKey(slot, code)) {
-                ClosePanel(modal, true);
-            }
-        });
-        return true;
-    }
-    return code == KeyEsc; // nothing hides a question that the program needs an answer to
+    return slot == 0 && object != modal.Panel ? OptionsKey(modal, key) : DialogKey(modal, slot, key);
 }
 } // namespace
 
@@ -298,7 +360,7 @@ void RunStationDialog()
     button->setFocusPolicy(Qt::NoFocus); // it would hand the focus on to the first row
     NameControl(button, "OKButton");
     layout->addWidget(button);
-    QObject::connect(button, &QPushButton::clicked, [&modal] { ClosePanel(modal, true); });
+    QObject::connect(button, &QPushButton::clicked, [&modal] { CloseDialog(modal); });
     modal.Panel->setFocusPolicy(Qt::StrongFocus);
     WatchPanel(modal, [&modal](QObject* object, QEvent* event) {
         return KeepLateKey(event) || DialogEvent(modal, object, event);
@@ -324,5 +386,12 @@ void SelectDialogRow(std::int16_t slot)
     if (slot > 0 && static_cast<std::size_t>(slot) < Rows.size() &&
         Rows[static_cast<std::size_t>(slot)].Text != nullptr) {
         Rows[static_cast<std::size_t>(slot)].Text->selectAll();
+    }
+}
+
+void KeepModalFocus()
+{
+    if (TopPanel != nullptr && TopPanel->Focus != nullptr) {
+        TopPanel->Focus->setFocus(Qt::OtherFocusReason);
     }
 }

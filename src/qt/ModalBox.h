@@ -15,3 +15,6 @@ void RunStationDialog();
 /// While the dialog is open: the focus on the row of a slot, its text selected whole.
 void FocusDialogRow(std::int16_t slot);
 void SelectDialogRow(std::int16_t slot);
+
+/// Gives the focus back to the panel in front; without one nothing happens.
+void KeepModalFocus();

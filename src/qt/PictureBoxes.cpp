@@ -128,7 +128,7 @@ bool PictureEvent(QWidget* control, QEvent* event)
     }
     switch (event->type()) {
     case QEvent::Paint:
-        PaintPicture(control, picture);
+        RunGuarded([&] { PaintPicture(control, picture); });
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:

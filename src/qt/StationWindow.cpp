@@ -31,6 +31,8 @@ QLineEdit* MakeEdit(QWidget* parent, const QString& name)
     auto* edit = new QLineEdit(parent);
     edit->setContextMenuPolicy(Qt::NoContextMenu);
     edit->setMaxLength(255);
+    edit->setAcceptDrops(false); // a text comes in only where the focus is
+    edit->setDragEnabled(false);
     NameControl(edit, name);
     return edit;
 }

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QProgressBar>
 #include <QTabBar>
 #include <QToolButton>
@@ -62,11 +63,11 @@ struct StationWindowRecord {
     std::array<FieldRow, NestingFieldCount> Nesting;
     std::array<QLabel*, 2> Counts{}; ///< LabelNesting 8 and 9
 
-    QWidget* Focus = nullptr; ///< control that has the focus as the shell knows it
-    QWidget* Clicked =
-        nullptr;            ///< control to which the mouse button that is still down has brought the focus
+    QWidget* Focus = nullptr;      ///< control that has the focus as the shell knows it
+    QPointer<QWidget> ClickedInto; ///< control that the mouse button still down gave the focus
     bool Mirroring = false; ///< the records are being shown: what the controls report meanwhile is no event
     bool Modal = false;     ///< a box or dialog is open
+    bool Ending = false;    ///< a fault is being told to the operator: nothing runs any more
 
     bool Yielding = false; ///< a routine lets the window system catch up, and takes no keys meanwhile
     bool KeysHeld = false; ///< an answered panel's loop hasn't ended

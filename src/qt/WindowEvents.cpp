@@ -7,6 +7,7 @@
 #include "qt/KeyMap.h"
 #include "qt/LateKeys.h"
 #include "qt/Mirror.h"
+#include "qt/ModalBox.h"
 #include "qt/PictureBoxes.h"
 #include "qt/StationWindow.h"
 #include "shell/Exit.h"
@@ -116,10 +117,12 @@ bool ShellIsOn(const QWidget* control)
     return field == FocusedField();
 }
 
-/// The window system moved the focus by itself: a click, the Tab key.
+/// The window system moved the focus by itself: a click, the Tab key. Behind a box it has no business.
 void FocusCame(QWidget* control)
 {
-    if (!Window.Mirroring && !Window.Modal && control != Window.Focus) {
+    if (Window.Modal) {
+        KeepModalFocus();
+    } else if (!Window.Mirroring && control != Window.Focus) {
         RunEvent([control] { MoveFocusTo(control); });
     }
 }
@@ -164,10 +167,11 @@ bool ControlKey(QWidget* control, const QKeyEvent& event)
         return false;
     }
     const std::int16_t tab = ListTab(control);
-    if (tab >= 0 && IsListMove(event)) {
+    if (tab >= 0 && IsListMove(event) && !IsExitKey(code)) {
         return false;
     }
-    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
+    const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+    if (isTab && !IsExitKey(code)) {
         return false; // moves the focus, which is reported
     }
     if (code == 0) {
@@ -207,16 +211,6 @@ bool ListMouse(std::int16_t tab, const QMouseEvent& event)
     return true;
 }
 
-/// A click that brings the focus selects the whole text, as every arrival does; a click further on sets the caret.
-void SelectClickedText(QWidget* control)
-{
-    auto* edit = qobject_cast<QLineEdit*>(control);
-    if (edit != nullptr && control == Window.Clicked && edit->hasFocus() && !edit->hasSelectedText()) {
-        edit->selectAll();
-    }
-    Window.Clicked = nullptr;
-}
-
 /// Tab of the list whose items `control` shows, -1 for none.
 std::int16_t ViewportTab(const QObject* control)
 {
@@ -250,9 +244,7 @@ bool Watcher::MainEvent(QEvent* event)
         }
         return true;
     case QEvent::Resize:
-        if (!Window.Mirroring) {
-            MirrorRecords();
-        }
+        RunEvent([] {});
         return false;
     case QEvent::WindowActivate:
         if (!Window.Modal && !Window.Mirroring) {
@@ -273,6 +265,7 @@ bool Watcher::eventFilter(QObject* object, QEvent* event)
     if (control == Window.Main && MainEvent(event)) {
         return true;
     }
+    SelectOnClick(control, *event);
     switch (event->type()) {
     case QEvent::KeyPress:
         return KeepLateKey(event) || Window.Modal || ControlKey(control, *static_cast<QKeyEvent*>(event));
@@ -280,9 +273,6 @@ bool Watcher::eventFilter(QObject* object, QEvent* event)
         event->accept();
         return true;
     case QEvent::FocusIn:
-        if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason) {
-            Window.Clicked = control;
-        }
         FocusCame(control);
         return false;
     case QEvent::MouseButtonPress:
@@ -291,9 +281,10 @@ bool Watcher::eventFilter(QObject* object, QEvent* event)
             return Window.Modal || ListMouse(tab, *static_cast<QMouseEvent*>(event));
         }
         return PictureEvent(control, event);
-    case QEvent::MouseButtonRelease:
-        SelectClickedText(control);
-        return PictureEvent(control, event);
+    case QEvent::MouseMove: // a list isn't pulled over: the click has chosen
+        return ViewportTab(object) >= 0 || PictureEvent(control, event);
+    case QEvent::Wheel: // nor are tabs rolled through
+        return control == Window.InputTabs || control == Window.CamTabs;
     default:
         return PictureEvent(control, event);
     }
@@ -337,17 +328,45 @@ void ConnectLists()
 }
 } // namespace
 
-void RunEvent(const std::function<void()>& routine)
+void RunGuarded(const std::function<void()>& routine)
 {
+    if (Window.Ending) {
+        return; // the text of the fault is on the screen; what runs meanwhile would meet the same fault
+    }
     try {
         routine();
-        MirrorRecords();
     } catch (const RunTimeFault& fault) {
         EndWithFault(fault.what());
     } catch (const std::bad_alloc&) {
         EndWithFault("out of memory");
     } catch (const std::exception& error) { // the machine's own refusals
         EndWithFault(error.what());
+    }
+}
+
+void RunEvent(const std::function<void()>& routine)
+{
+    RunGuarded([&routine] {
+        routine();
+        MirrorRecords();
+    });
+}
+
+void SelectOnClick(QWidget* control, const QEvent& event)
+{
+    if (event.type() == QEvent::FocusIn) {
+        const bool clicked = static_cast<const QFocusEvent&>(event).reason() == Qt::MouseFocusReason;
+        Window.ClickedInto = clicked ? control : nullptr;
+        return;
+    }
+    if (event.type() != QEvent::MouseButtonRelease || Window.ClickedInto != control) {
+        return;
+    }
+    Window.ClickedInto = nullptr;
+    auto* edit = qobject_cast<QLineEdit*>(control);
+    const bool stayed = edit != nullptr && edit->window()->focusWidget() == edit;
+    if (stayed && !edit->hasSelectedText()) {
+        edit->selectAll();
     }
 }
 
@@ -368,6 +387,7 @@ void MoveFocusTo(QWidget* control)
 
 void EndWithFault(const char* text)
 {
+    Window.Ending = true;
     AbandonText(ProgramFile);
     std::fprintf(stderr, "korvanta: %s\n", text);
     RunSystemBox("Critical Error", text);

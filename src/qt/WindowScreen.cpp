@@ -43,6 +43,18 @@ QLineEdit* EditOf(const ValueField& field)
     return nullptr;
 }
 
+/// Units of UTF-16 of the first `count` characters: those of the rarer Chinese letters are two.
+int UnitsOf(const QString& text, std::int32_t count)
+{
+    int units = 0;
+    for (std::int32_t passed = 0; passed < count && units < text.size(); ++passed) {
+        const bool pair =
+            text[units].isHighSurrogate() && units + 1 < text.size() && text[units + 1].isLowSurrogate();
+        units += pair ? 2 : 1;
+    }
+    return units;
+}
+
 bool HasWindow()
 {
     return Window.Main != nullptr;
@@ -94,11 +106,12 @@ void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t l
         return;
     }
     MirrorRecords();
+    const int from = UnitsOf(edit->text(), start);
     if (length > 0) {
-        edit->setSelection(start, length);
+        edit->setSelection(from, UnitsOf(edit->text(), start + length) - from);
     } else {
         edit->deselect();
-        edit->setCursorPosition(start);
+        edit->setCursorPosition(from);
     }
 }
 
