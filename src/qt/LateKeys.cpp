@@ -20,6 +20,7 @@ void SendNextKey()
     Window.SentKey = key.get();
     QWidget* focused = Window.Main->focusWidget();
     QCoreApplication::sendEvent(focused != nullptr ? focused : Window.Main, key.get());
+    Window.SentKey = nullptr;
 }
 } // namespace
 
