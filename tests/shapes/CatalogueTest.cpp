@@ -187,7 +187,7 @@ TEST_F(Catalogue, ShowsEachShapeWithItsDefaults)
         std::string expected = ParametersText(row);
         // These two show messages 22 and 38 instead of their words.
         if (const std::size_t at = expected.find("Tail="); at != std::string::npos) {
-            expected = expected.substr(0, at) + "LeadOut=0 Check contour order=0";
+            expected = expected.substr(0, at) + "LeadOut=0 Profiles out of order?=0";
         }
         EXPECT_EQ(FieldsText(), expected) << row.Name;
     }
@@ -198,9 +198,9 @@ TEST_F(Catalogue, CaptionsFollowTheLanguage)
     LoadStationMessages();
     AppState.Language = 3;
     ShowShapeParameters(1041, FlagOn);
-    EXPECT_EQ(FieldsText(), "A=400 B=600 R=20 L=10 LR=5 Auslauf=0 Konturfolge prüfen=0");
+    EXPECT_EQ(FieldsText(), "A=400 B=600 R=20 L=10 LR=5 Auslauf=0 Konturen in Unordnung?=0");
     ShowShapeParameters(2025, FlagOn);
-    EXPECT_EQ(FieldsText(), "A=200 L=10 LR=10 Auslauf=0 Konturfolge prüfen=0");
+    EXPECT_EQ(FieldsText(), "A=200 L=10 LR=10 Auslauf=0 Konturen in Unordnung?=0");
 }
 
 TEST_F(Catalogue, KeepsTheTextsOfALoadedJob)

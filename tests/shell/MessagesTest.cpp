@@ -345,8 +345,47 @@ TEST_F(ShippedCatalogue, SetsColonsAsEachLanguageDoes)
     // Captions go ahead of a field: only the design's English and French keep a blank there.
     EXPECT_EQ(Text(33, 2), "Nome file:");
     EXPECT_EQ(Text(33, 3), "Dateiname:");
-    EXPECT_EQ(Text(33, 4), "Nom du fichier :");
+    EXPECT_EQ(Text(33, 4), "Nom du fichier\u00A0:");
     EXPECT_EQ(Text(33, 5), "Nombre de archivo:");
+    EXPECT_EQ(Text(33, 6), "文件名：");
+}
+
+TEST_F(ShippedCatalogue, SetsQuestionsAndCallsAsEachLanguageDoes)
+{
+    const std::string narrowBlank = "\u202F";
+    for (const int number : NumbersInUse()) {
+        for (std::int16_t language = 1; language <= 5; ++language) {
+            const std::string text = Text(number, language);
+            const std::size_t sign = text.find_first_of("?!");
+            if (sign == std::string::npos) {
+                continue;
+            }
+            EXPECT_EQ(sign, text.size() - 1) << text;
+            const bool apart = text.substr(0, sign).ends_with(narrowBlank);
+            EXPECT_EQ(apart, language == 4) << text;
+            EXPECT_FALSE(text.substr(0, sign).ends_with(' ')) << text;
+            const char* opening = text[sign] == '?' ? "¿" : "¡";
+            EXPECT_EQ(text.starts_with(opening), language == 5) << text;
+        }
+        const std::string chinese = Text(number, 6);
+        EXPECT_EQ(chinese.find_first_of("?!:;,."), std::string::npos) << chinese; // only wide ones
+    }
+}
+
+TEST_F(ShippedCatalogue, AsksTheSameKindOfThingInEachLanguage)
+{
+    // A question in one language is a question in all, and so is a call.
+    for (const int number : NumbersInUse()) {
+        const std::string english = Text(number, 1);
+        for (std::int16_t language = 2; language <= LanguageColumns; ++language) {
+            const std::string text = Text(number, language);
+            EXPECT_EQ(text.ends_with("?") || text.ends_with("？"), english.ends_with("?")) << text;
+            EXPECT_EQ(text.ends_with("!") || text.ends_with("！"), english.ends_with("!")) << text;
+            if (number != 18) { // the short form of a word
+                EXPECT_EQ(text.ends_with(".") || text.ends_with("。"), english.ends_with(".")) << text;
+            }
+        }
+    }
 }
 
 TEST_F(ShippedCatalogue, LosesNoCharacter)
