@@ -16,6 +16,26 @@ double Usable(double value)
     constexpr double Beyond = 1e15;
     return value >= -Beyond ? std::min(value, Beyond) : -Beyond;
 }
+
+struct TextCorner {
+    double X;
+    double Y;
+};
+
+/// Where a text at the end of the line begins: there, or as much further left or up as brings it whole into the view.
+TextCorner CornerWithinView(Picture picture, const std::string& text, double x, double y)
+{
+    if (!(AppState.ViewWidth > 0.0)) { // nothing was fitted yet
+        return {x, y};
+    }
+    double width = 0.0;
+    double height = 0.0;
+    SurfaceTextSize(picture, text, width, height);
+    const double right = AppState.ViewLeft + AppState.ViewWidth;
+    const double bottom = AppState.ViewTop + AppState.ViewHeight; // the height is negative
+    return {std::max(std::min(x, right - width), AppState.ViewLeft),
+            std::min(std::max(y, bottom + height), AppState.ViewTop)};
+}
 } // namespace
 
 void PressMeasure(Picture picture, double x, double y)
@@ -46,10 +66,11 @@ void ReleaseMeasure(Picture picture, bool left)
         const double endY = AppState.MeasureLastY;
         SurfaceSetPen(picture, {ColourBlue, 1, false, false});
         DrawLine(picture, startX, startY, endX, endY);
-        SurfaceText(picture, ToSurface(endX), ToSurface(endY),
-                    "d=" + FormatNumber(dpp(startX, startY, endX, endY), 0, 2) + " dx:" +
-                        FormatNumber(endX - startX, 0, 2) + " dy:" + FormatNumber(endY - startY, 0, 2),
-                    ColourBlue);
+        const std::string lengths = "d=" + FormatNumber(dpp(startX, startY, endX, endY), 0, 2) +
+                                    " dx:" + FormatNumber(endX - startX, 0, 2) +
+                                    " dy:" + FormatNumber(endY - startY, 0, 2);
+        const TextCorner corner = CornerWithinView(picture, lengths, endX, endY);
+        SurfaceText(picture, ToSurface(corner.X), ToSurface(corner.Y), lengths, ColourBlue);
         AppState.MeasureOn = FlagOff;
     }
     SurfaceSetCrossPointer(picture, false);

@@ -57,6 +57,32 @@ TEST(Measure, TwoDecimals)
     EXPECT_THAT(TakeStrokesLike("text"), ElementsAre("text 3 3 'd=0 dx:0 dy:0' #0000ff"));
 }
 
+// Letters of 10 x 20 units; "d=5 dx:3 dy:4" is 130 wide.
+TEST(Measure, LengthsStayInTheView)
+{
+    const auto textAt = [](double x, double y) {
+        PressMeasure(Picture::Tecno, x - 3, y - 4);
+        MoveMeasure(Picture::Tecno, x, y);
+        ReleaseMeasure(Picture::Tecno, true);
+        return TakeStrokesLike("text");
+    };
+    StartCase();
+    AppState.UnitsPerPixelX = 10.0 / RecordedLetterWidth;
+    AppState.UnitsPerPixelY = -20.0 / RecordedLetterHeight;
+    AppState.ViewLeft = -50.0;
+    AppState.ViewTop = 300.0;
+    AppState.ViewWidth = 500.0;
+    AppState.ViewHeight = -400.0;
+    EXPECT_THAT(textAt(100, 200), ElementsAre("text 100 200 'd=5 dx:3 dy:4' #0000ff"));
+    EXPECT_THAT(textAt(320, -80), ElementsAre("text 320 -80 'd=5 dx:3 dy:4' #0000ff")) << "just fits";
+    EXPECT_THAT(textAt(321, 0), ElementsAre("text 320 0 'd=5 dx:3 dy:4' #0000ff"));
+    EXPECT_THAT(textAt(0, -81), ElementsAre("text 0 -80 'd=5 dx:3 dy:4' #0000ff"));
+    EXPECT_THAT(textAt(-60, 400), ElementsAre("text -50 300 'd=5 dx:3 dy:4' #0000ff"))
+        << "pulled out of the box";
+    AppState.ViewWidth = 100.0;
+    EXPECT_THAT(textAt(40, 0), ElementsAre("text -50 0 'd=5 dx:3 dy:4' #0000ff")) << "wider than the view";
+}
+
 TEST(Measure, OtherButtonsOnlyGiveThePointerBack)
 {
     StartCase();
