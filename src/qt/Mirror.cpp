@@ -90,7 +90,7 @@ void ShowCounts()
         ShowText(label, AppState.LabelNesting[i + LabelCountX]);
         ShowColour(label, QPalette::Window, AppState.LabelNestingColor[i + LabelCountX]);
         if (label->font().bold() != (fixed[i] != 0)) {
-            QFont font = label->font();
+            QFont font; // asks for its weight alone: the size goes on following the window's
             font.setBold(fixed[i] != 0);
             label->setFont(font);
         }

@@ -107,7 +107,8 @@ void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t l
     }
     MirrorRecords();
     const int from = UnitsOf(edit->text(), start);
-    if (length > 0) {
+    // A routine may also run because the program set the text: a mark there would look like a second focus.
+    if (length > 0 && edit == Window.Focus) {
         edit->setSelection(from, UnitsOf(edit->text(), start + length) - from);
     } else {
         edit->deselect();

@@ -413,4 +413,40 @@ TEST_F(StationWindow, EveryControlHasAName)
         EXPECT_EQ(control->accessibleName(), name);
     }
 }
+
+TEST_F(StationWindow, CountsKeepTheSizeOfTheOtherLabels)
+{
+    Open("1024x768");
+    OpenPart(TabNesting);
+    Type("*5");
+    Press(Qt::Key_Return);
+    const QLabel* count = Window.Counts[0];
+    ASSERT_EQ(count->text(), "5");
+    EXPECT_TRUE(count->font().bold());
+    for (const QSize size : {QSize(640, 480), QSize(1024, 768)}) {
+        Window.Main->resize(size);
+        QApplication::processEvents();
+        EXPECT_EQ(count->font().pixelSize(), Window.Nesting[0].Label->font().pixelSize()) << size.width();
+    }
+    EXPECT_TRUE(count->font().bold());
+}
+
+TEST_F(StationWindow, OnlyTheFocusedFieldHasAMark)
+{
+    Open();
+    OpenPart(TabNesting);
+    for (int row = 0; row < 5; ++row) {
+        Press(Qt::Key_Down);
+    }
+    Press(Qt::Key_F5);
+    ASSERT_EQ(Window.Nesting[5].Edit->text(), "3");
+    EXPECT_EQ(Window.Nesting[5].Edit->selectedText(), "3");
+    Press(Qt::Key_F1);
+    for (int way = 0; way < 3; ++way) { // the part anew: its nest starts with type 1
+        Press(Qt::Key_F10);
+    }
+    ASSERT_EQ(Window.Nesting[5].Edit->text(), "1");
+    EXPECT_EQ(Window.Nesting[5].Edit->selectedText(), "");
+    EXPECT_EQ(Window.Nesting[0].Edit->selectedText(), Window.Nesting[0].Edit->text());
+}
 } // namespace
