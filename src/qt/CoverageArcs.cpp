@@ -8,6 +8,7 @@
 namespace
 {
 constexpr double ChordError = 0.06;    ///< pixels between an arc and its chords
+constexpr double DotRadius = 0.125;    ///< pixels
 constexpr int MostChords = 20000;      ///< of one arc: more than any image needs
 constexpr double LevelTangent = 0.01;  ///< sine of the angle that the end of an arc may lean from an axis
 constexpr double AlmostFull = 6.28;    ///< radians; a whole circle joins nothing
@@ -48,14 +49,20 @@ EndShift ShiftOfEnd(const PixelArc& arc, double angle, int width)
     return shift;
 }
 
+/// Angle of a chord. An arc smaller than a dot is hardly more than one stroke.
+double ChordStep(double radius)
+{
+    const double widest = radius < DotRadius ? std::numbers::pi : std::numbers::pi / 2;
+    return std::min(2 * std::sqrt(2 * ChordError / std::max(radius, ChordError)), widest);
+}
+
 /// The chords of the part of an arc from `from` to `to`, angles after its start. The shift passes from that of the start
 /// to that of the end.
 void CoverChords(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc, double from, double to,
                  EndShift first, EndShift last)
 {
     const double radius = std::max(std::fabs(arc.RadiusX), std::fabs(arc.RadiusY));
-    const double step = radius > ChordError ? 2 * std::sqrt(2 * ChordError / radius) : std::numbers::pi / 4;
-    const double wanted = std::ceil((to - from) / std::min(step, std::numbers::pi / 4));
+    const double wanted = std::ceil((to - from) / ChordStep(radius));
     const int count = static_cast<int>(std::clamp(wanted, 1.0, static_cast<double>(MostChords)));
     double x = PointX(arc, arc.Start + from) + first.X;
     double y = PointY(arc, arc.Start + from) + first.Y;
@@ -129,6 +136,8 @@ void CoverArc(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc)
         CoverChords(mask, style, arc, 0.0, arc.Sweep, ShiftOfEnd(arc, arc.Start, style.Width),
                     ShiftOfEnd(arc, arc.Start + arc.Sweep, style.Width));
     } else {
-        CoverChords(mask, style, arc, 0.0, arc.Sweep, {}, {});
+        const bool dot = std::max(std::fabs(arc.RadiusX), std::fabs(arc.RadiusY)) < DotRadius;
+        CoverChords(mask, style, arc, 0.0, dot ? std::numbers::pi : arc.Sweep, {},
+                    {}); // the way back adds nothing
     }
 }
