@@ -26,6 +26,7 @@ constexpr int ListInset = 3;
 constexpr int HostMargin = 12;  ///< between the job list and its frame, with a host's bar
 constexpr int FrameMargin = 18; ///< and without
 constexpr int Gap = 6;
+constexpr int LabelPercent = 28; ///< of the window's width that labels of fields take at most
 constexpr int ChineseLanguage = 6;
 constexpr int ChineseLabelExtra = 2; ///< letters that the Chinese label of the name is wider than its caption
 constexpr double LeadHelpAspect = 0.6; ///< height over width
@@ -149,12 +150,15 @@ void PlaceInputPanel(const Measures& m)
 
 // --- CAM screens --------------------------------------------------------------------------------------------
 
+/// Of the rows that are shown: a shape leaves longer captions of another one behind in the rows that it hides.
 template <std::size_t Count>
 int WidestLabel(const std::array<FieldRow, Count>& rows, const QFontMetrics& metrics)
 {
     int width = 0;
     for (const FieldRow& row : rows) {
-        width = std::max(width, metrics.horizontalAdvance(row.Label->text()));
+        if (row.Label->isVisibleTo(row.Label->parentWidget())) {
+            width = std::max(width, metrics.horizontalAdvance(row.Label->text()));
+        }
     }
     return width;
 }
@@ -201,7 +205,7 @@ void PlaceCamPanel(const Measures& m)
     const QFontMetrics metrics(Window.Main->font());
     const int widest = std::max({WidestLabel(Window.Params, metrics), WidestLabel(Window.Cutting, metrics),
                                  WidestLabel(Window.Nesting, metrics)});
-    const int label = std::min(widest + Gap, m.Width / 4);
+    const int label = std::min(widest + Gap, m.Width * LabelPercent / 100);
     const int field = metrics.horizontalAdvance("0") * 12;
     const QRect area = AtLeastEmpty({ListInset, m.TabHeight + ListInset, m.Width - 2 * ListInset,
                                      m.Work.height() - m.TabHeight - 2 * ListInset});
@@ -270,8 +274,8 @@ QString LayoutSignature()
     for (const std::string& caption : AppState.LabelCutting) {
         text += '|' + FromText(caption);
     }
-    for (const std::string& caption : AppState.ParamLabel) {
-        text += '|' + FromText(caption);
+    for (std::size_t i = 0; i < ParamFieldCount; ++i) {
+        text += AppState.ParamText[i].Visible != FlagOff ? '|' + FromText(AppState.ParamLabel[i]) : "";
     }
     return text;
 }
