@@ -2,6 +2,7 @@
 
 #include "platform/Screen.h"
 #include "profile/Korvanta_Common.h"
+#include "shell/FieldEvents.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
 
@@ -22,24 +23,31 @@ ValueField& FieldOf(const KeyPress& key)
     return key.Fields[static_cast<std::size_t>(AppState.CurrentField)];
 }
 
+/// The stepped value is selected like that of a field that was just reached: what is typed next replaces it.
+void Step(const KeyPress& key, bool increase, double step)
+{
+    StepField(key.Fields, increase, step);
+    SelectWholeText(FieldOf(key));
+}
+
 void Plus(const KeyPress& key)
 {
-    StepField(key.Fields, true, NoValue);
+    Step(key, true, NoValue);
 }
 
 void Minus(const KeyPress& key)
 {
-    StepField(key.Fields, false, NoValue);
+    Step(key, false, NoValue);
 }
 
 void TurnLeft(const KeyPress& key)
 {
-    StepField(key.Fields, true, QuarterTurn);
+    Step(key, true, QuarterTurn);
 }
 
 void TurnRight(const KeyPress& key)
 {
-    StepField(key.Fields, false, QuarterTurn);
+    Step(key, false, QuarterTurn);
 }
 
 /// A stepped lead counts at once; a typed one when its field is left.

@@ -243,6 +243,18 @@ TEST_F(StationWindow, ANameMayHoldADAndBeCorrected)
     EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(Folder.Path) / "NEST/DOOR.nst"));
 }
 
+TEST_F(StationWindow, TypingReplacesASteppedValue)
+{
+    Open();
+    OpenPart(TabCutting);
+    Press(Qt::Key_F3);
+    ASSERT_EQ(Window.Cutting[FieldAngle].Edit->text(), "1");
+    Press(Qt::Key_F5);
+    ASSERT_EQ(Window.Cutting[FieldAngle].Edit->text(), "91");
+    Type("5");
+    EXPECT_EQ(Window.Cutting[FieldAngle].Edit->text(), "5");
+}
+
 TEST_F(StationWindow, TheKeypadTurnsTheTabs)
 {
     Open();

@@ -252,7 +252,9 @@ TEST_F(FieldKeys, SteppedLeadsCountAtOnce)
     Key(2);
     Key(2);
     EXPECT_EQ(AppState.ProfileTable[1].LeadInLength, 4.5);
-    EXPECT_THAT(TakeCalls(), ElementsAre("redraw", "redraw", "redraw"));
+    EXPECT_THAT(TakeCalls(),
+                ElementsAre("select TextCutting 5 0 3", "redraw", "select TextCutting 5 0 1", "redraw",
+                            "select TextCutting 5 0 3", "redraw")); // "5.5", "5", "4.5"
     OnCutting(FieldMoveStep);
     Key(1);
     EXPECT_EQ(AppState.MoveStep, 11);
