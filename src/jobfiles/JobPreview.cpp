@@ -28,7 +28,7 @@ void WriteJobPreview(const std::string& baseName)
         return;
     }
     WriteSecondName(PreviewPath(baseName), bytes);
-    PutInPlace(PreviewPath(baseName));
+    PutInPlace(PreviewPath(baseName), false); // no work is lost with a picture
 }
 
 void ShowJobPreview(Picture box, const std::string& name)

@@ -19,6 +19,19 @@ std::string JobPath(const std::string& file)
     return AppState.NestingPath + file;
 }
 
+/// Reading takes a pair of quotes and the blanks of key files off the ends of a value: those that belong to it are kept by
+/// a pair around them.
+bool NeedsQuotes(std::string_view value)
+{
+    constexpr std::string_view Blanks = "\t\x0b\x0c\x1a";
+    if (value.empty()) {
+        return false;
+    }
+    const bool quoted =
+        value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted || Contains(Blanks, value.substr(0, 1)) || Contains(Blanks, value.substr(value.size() - 1));
+}
+
 /// A line end or a NUL in a value would be read as something else.
 std::string OneLine(std::string_view value)
 {
@@ -28,7 +41,8 @@ std::string OneLine(std::string_view value)
             c = ' ';
         }
     }
-    return Trim(line);
+    line = Trim(line);
+    return NeedsQuotes(line) ? '"' + line + '"' : line;
 }
 
 void AddSection(std::string& text, std::string_view name)

@@ -111,9 +111,9 @@ bool TakeName(const std::string& path, bool settle)
     return true;
 }
 
-void PutInPlace(const std::string& path)
+void PutInPlace(const std::string& path, bool settle)
 {
-    if (!TakeName(path, true)) {
+    if (!TakeName(path, settle)) {
         Fail(path, errno);
     }
 }

@@ -19,12 +19,12 @@ void AppendSecondName(const std::string& path, std::string_view content);
 /// Reads the file under the second name, `limit` bytes at most. False when it is longer or can't be read.
 bool ReadSecondName(const std::string& path, std::string& content, std::size_t limit);
 
-/// Gives the file under the second name its own one, on the disk too. An old file of that name goes, also one whose name
-/// differs from it by case only; a folder or a device of that name stays and is a fault.
-void PutInPlace(const std::string& path);
+/// Gives the file under the second name its own one. `settle` brings the content to the disk ahead of the name, so that
+/// not even a power cut leaves half a file under it; that takes a few milliseconds. An old file of the name goes, also one
+/// whose name differs from it by case only; a folder or a device of that name stays and is a fault.
+void PutInPlace(const std::string& path, bool settle = true);
 
-/// The step of PutInPlace alone: false, with errno telling why, and the second name stays. `settle` brings the content to
-/// the disk ahead of its name.
+/// The step of PutInPlace alone: false, with errno telling why, and the second name stays.
 bool TakeName(const std::string& path, bool settle);
 
 /// Takes the second name away, if it is there.

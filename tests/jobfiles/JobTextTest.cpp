@@ -146,6 +146,12 @@ TEST_F(JobText, LosesBlanksAtTheEndsAndWhatIsTooLong)
     WriteAll("J.nst");
     ReadAll("J.nst");
     EXPECT_EQ(AppState.SourceName, "a b");
+    for (const char* name : {"'a'", "\"a b\"", "\ta", "a\t", "''", "\"", "'a\""}) {
+        AppState.SourceName = name;
+        WriteAll("J.nst");
+        ReadAll("J.nst");
+        EXPECT_EQ(AppState.SourceName, name) << "quotes and tabs belong to the name";
+    }
     AppState.SourceName = std::string(60, 'f');
     WriteAll("J.nst");
     ReadAll("J.nst");
