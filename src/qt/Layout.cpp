@@ -6,6 +6,7 @@
 #include "qt/StationWindow.h"
 #include "shell/MsgBox_Unicode.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 
 #include <algorithm>
@@ -28,6 +29,7 @@ constexpr int FrameMargin = 18; ///< and without
 constexpr int Gap = 6;
 constexpr int LabelPercent = 28; ///< of the window's width that labels of fields take at most
 constexpr int ChineseLanguage = 6;
+constexpr const char* ChineseFamily = "Noto Sans CJK SC";
 constexpr int ChineseLabelExtra = 2; ///< letters that the Chinese label of the name is wider than its caption
 constexpr double LeadHelpAspect = 0.6; ///< height over width
 
@@ -79,9 +81,23 @@ void FitTabs(QTabBar* tabs, QFont font)
     }
 }
 
+bool ShowsChinese()
+{
+    return AppState.Language == ChineseLanguage && IsUnicodeLanguage();
+}
+
+/// Chinese is written in its own letter forms, not in the Japanese ones that a desktop may prefer.
+QStringList FontFamilies(const QFont& font)
+{
+    const QString latin =
+        QFontInfo(font).family(); // a general name such as Sans Serif would leave it the choice
+    return ShowsChinese() ? QStringList{latin, ChineseFamily} : QStringList{latin};
+}
+
 void SetFonts()
 {
     QFont font = Window.Main->font();
+    font.setFamilies(FontFamilies(font));
     font.setPixelSize(FontPixels(Window.Main->height()));
     Window.Main->setFont(font);
     FitTabs(Window.InputTabs, font);
@@ -106,7 +122,7 @@ void PlaceKeyBar(const Measures& m)
 int NameLabelWidth(const QFontMetrics& metrics)
 {
     const QString caption = FromText(AppState.LabelFileName);
-    if (AppState.Language == ChineseLanguage && IsUnicodeLanguage()) {
+    if (ShowsChinese()) {
         return metrics.horizontalAdvance(QString(caption.size() + ChineseLabelExtra, 'W'));
     }
     return metrics.horizontalAdvance(caption) + Gap;

@@ -28,6 +28,8 @@ namespace
 constexpr int Margin = 16;
 constexpr int BoxShare = 2; ///< a box takes at least this part of the window's width
 constexpr int EntryLetters = 16;
+constexpr int TwoLinesPercent = 170;  ///< of a line's width that two lines hold wherever they break
+constexpr QChar NoWidthBlank(0x200B); ///< where a line may break though nothing shows it
 constexpr QRgb DimColour = 0x60303030;
 
 /// The controls of the open dialog, by slot.
@@ -78,13 +80,39 @@ void ClosePanel(ModalPanel& modal, bool ok)
     }
 }
 
-QLabel* AddLine(QVBoxLayout* layout, const QString& name, const std::string& text)
+/// Width that a panel has for its lines.
+int LineRoom()
 {
-    auto* line = new QLabel(FromText(text));
+    return std::max(1, Window.Main->width() - 4 * Margin - 2);
+}
+
+/// Lines break between words; a word that is wider than `room`, a long name as a rule, may break anywhere.
+QString Breakable(const QString& text, int room)
+{
+    const QFontMetrics metrics = Window.Main->fontMetrics();
+    QStringList words = text.split(' ');
+    for (QString& word : words) {
+        if (metrics.horizontalAdvance(word) > room) {
+            const QStringList letters = word.split(QString(), Qt::SkipEmptyParts);
+            word = letters.join(NoWidthBlank);
+        }
+    }
+    return words.join(' ');
+}
+
+QLabel* MakeWrapped(const QString& name, const QString& text, int room)
+{
+    auto* line = new QLabel(Breakable(text, room));
     line->setTextFormat(Qt::PlainText);
-    line->setAlignment(Qt::AlignCenter);
     line->setWordWrap(true);
     NameControl(line, name);
+    return line;
+}
+
+QLabel* AddLine(QVBoxLayout* layout, const QString& name, const std::string& text)
+{
+    QLabel* line = MakeWrapped(name, FromText(text), LineRoom());
+    line->setAlignment(Qt::AlignCenter);
     layout->addWidget(line);
     return line;
 }
@@ -205,12 +233,18 @@ QWidget* EntryOf(std::int16_t slot)
     return row.Combo != nullptr ? static_cast<QWidget*>(row.Combo) : row.Text;
 }
 
+int EntryWidth()
+{
+    return EntryLetters * Window.Main->fontMetrics().horizontalAdvance('0');
+}
+
 void MakeEntry(std::size_t slot)
 {
     InputRow& record = AppState.InputDialogRows[slot];
     DialogRow& row = Rows[slot];
     if (record.IsList != FlagOff) {
         row.Combo = new QComboBox;
+        row.Combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         for (const std::string& option : record.Options) {
             row.Combo->addItem(FromText(option));
         }
@@ -228,8 +262,22 @@ void MakeEntry(std::size_t slot)
                          [&record](const QString& text) { record.Text = ToText(text); });
         NameControl(row.Text, QString("PprParam_Text %1").arg(slot - 1));
     }
-    EntryOf(static_cast<std::int16_t>(slot))
-        ->setMinimumWidth(EntryLetters * Window.Main->fontMetrics().horizontalAdvance('0'));
+    EntryOf(static_cast<std::int16_t>(slot))->setMinimumWidth(EntryWidth());
+}
+
+/// Beside its entry; on two lines when it is long, and cut off where they end.
+QLabel* MakeRowLabel(std::size_t slot)
+{
+    const QFontMetrics metrics = Window.Main->fontMetrics();
+    const int room = std::max(1, LineRoom() - EntryWidth() - 2 * Margin);
+    const QString whole = FromText(AppState.PprInput[slot].Label);
+    const bool fits = metrics.horizontalAdvance(whole) <= room;
+    const QString text =
+        fits ? whole : metrics.elidedText(whole, Qt::ElideRight, room * TwoLinesPercent / 100);
+    QLabel* label = MakeWrapped(QString("PprParam_Label %1").arg(slot - 1), text, room);
+    label->setWordWrap(!fits);
+    label->setFixedWidth(fits ? metrics.horizontalAdvance(whole) + 2 : room);
+    return label;
 }
 
 void MakeRows(QGridLayout* grid)
@@ -240,9 +288,7 @@ void MakeRows(QGridLayout* grid)
             continue;
         }
         MakeEntry(slot);
-        Rows[slot].Label = new QLabel(FromText(AppState.PprInput[slot].Label));
-        Rows[slot].Label->setTextFormat(Qt::PlainText);
-        NameControl(Rows[slot].Label, QString("PprParam_Label %1").arg(slot - 1));
+        Rows[slot].Label = MakeRowLabel(slot);
         const int at = static_cast<int>(slot);
         grid->addWidget(Rows[slot].Label, at, 0);
         grid->addWidget(EntryOf(static_cast<std::int16_t>(slot)), at, 1);

@@ -250,6 +250,15 @@ protected:
     }
 };
 
+TEST_P(Languages, ChineseHasItsOwnLetterForms)
+{
+    OpenInLanguage();
+    for (const QWidget* control : {Window.Main, static_cast<QWidget*>(Window.LabelFileName),
+                                   static_cast<QWidget*>(Window.InputTabs)}) {
+        EXPECT_EQ(control->font().families().contains("Noto Sans CJK SC"), GetParam() == 6);
+    }
+}
+
 TEST_P(Languages, InputScreenAndItsTabs)
 {
     OpenInLanguage();

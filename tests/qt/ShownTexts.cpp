@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QTabBar>
 
 #include <gtest/gtest.h>
@@ -54,11 +55,12 @@ void AddControl(std::vector<ShownText>& texts, const QWidget* control)
     texts.push_back({name + " tip", control->toolTip()});
 }
 
-/// Width that the longest word of a text asks for: a wrapped line breaks between words only.
+/// Width that the longest word of a text asks for: a wrapped line breaks at blanks only, those without width among them.
 int WidestWord(const QLabel& label)
 {
+    const QRegularExpression blank("[ \\x{200B}]");
     int widest = 0;
-    for (const QString& word : label.text().split(' ')) {
+    for (const QString& word : label.text().split(blank)) {
         widest = std::max(widest, label.fontMetrics().horizontalAdvance(word));
     }
     return widest;
