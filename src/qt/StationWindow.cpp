@@ -162,17 +162,6 @@ void SetGround()
     Window.Main->setAutoFillBackground(true);
 }
 
-/// The planned size is the outer one, so the frame that a window manager puts around comes off.
-void FitFrame()
-{
-    const QMargins frame = Window.Main->windowHandle()->frameMargins();
-    const QSize planned(AppState.Window.Width, AppState.Window.Height);
-    Window.Main->resize(planned.shrunkBy(frame));
-    const QRect screen = Window.Main->screen()->geometry();
-    if (planned.width() >= screen.width() || planned.height() >= screen.height()) {
-        Window.Main->move(screen.topLeft());
-    }
-}
 } // namespace
 
 QString FromText(const std::string& text)
@@ -209,13 +198,30 @@ void MakeStationWindow()
     ConnectControls();
 }
 
+void FitFrame()
+{
+    const QWindow* window = Window.Main->windowHandle();
+    if (Window.FrameFitted || AppState.Window.WholeScreen != FlagOff || window == nullptr ||
+        window->frameMargins().isNull()) {
+        return;
+    }
+    Window.FrameFitted = true;
+    const QSize planned(AppState.Window.Width, AppState.Window.Height);
+    Window.Main->resize(planned.shrunkBy(window->frameMargins()));
+}
+
 void ShowStationWindow()
 {
     if (AppState.Window.WholeScreen != FlagOff) {
         Window.Main->setGeometry(Window.Main->screen()->geometry()); // where no window manager sees to it
         Window.Main->showFullScreen();
     } else {
-        Window.Main->resize(AppState.Window.Width, AppState.Window.Height);
+        const QSize planned(AppState.Window.Width, AppState.Window.Height);
+        const QRect screen = Window.Main->screen()->geometry();
+        Window.Main->resize(planned);
+        if (planned.width() >= screen.width() || planned.height() >= screen.height()) {
+            Window.Main->move(screen.topLeft());
+        }
         Window.Main->show();
         FitFrame();
     }

@@ -73,6 +73,7 @@ struct StationWindowRecord {
     bool KeysHeld = false; ///< an answered panel's loop hasn't ended
     std::deque<std::shared_ptr<QKeyEvent>> LateKeys; ///< that wait for it, and all behind them
     const QEvent* SentKey = nullptr;                 ///< the one of them whose turn it is
+    bool FrameFitted = false;                        ///< the window's frame is taken off its size
     MirroredState Shown;
 };
 
@@ -83,6 +84,9 @@ void MakeStationWindow();
 
 /// Size and place on the desktop as AppState.Window plans them; shows the window.
 void ShowStationWindow();
+
+/// The planned size is the outer one: what a window manager's frame takes comes off, once, as soon as there is a frame.
+void FitFrame();
 
 /// The drawing box of a picture.
 QWidget* PictureBox(Picture picture);

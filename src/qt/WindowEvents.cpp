@@ -243,8 +243,9 @@ bool Watcher::MainEvent(QEvent* event)
             RunEvent([] { ExitProgram(); });
         }
         return true;
+    case QEvent::Move: // into the frame that a window manager puts around
     case QEvent::Resize:
-        RunEvent([] {});
+        RunEvent([] { FitFrame(); });
         return false;
     case QEvent::WindowActivate:
         if (!Window.Modal && !Window.Mirroring) {
