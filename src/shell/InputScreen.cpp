@@ -128,7 +128,9 @@ void SaveCurrentJob()
     }
     if (FileExists(JobPath(baseName)) && !ConfirmOverwrite(AppState.JobName)) {
         Yield();
-        FocusField(AppState.TextFileName);
+        if (AppState.SaveMode != FlagOff) { // no key has gone back to the nest meanwhile
+            FocusField(AppState.TextFileName);
+        }
         return;
     }
     SaveJob(baseName);

@@ -10,6 +10,7 @@
 #include "shapes/Korvanta_Develop.h"
 #include "shapes/Korvanta_Parameters.h"
 #include "shell/FieldEvents.h"
+#include "shell/InputEvents.h"
 #include "shell/InputLists.h"
 #include "shell/KeyBar.h"
 #include "shell/Korvanta_Interface.h"
@@ -49,6 +50,15 @@ void StartPicture()
 {
     AppState.ZoomFrame = 0.0;
     AppState.MeasureOn = FlagOff;
+}
+
+/// The control of the screen before is hidden, and no other one takes the focus from it.
+void LeaveHiddenControl()
+{
+    if (AppState.FocusedSet == FieldSet::FileName) {
+        FileNameLeft();
+    }
+    AppState.FocusedSet = FieldSet::None;
 }
 
 /// A new part begins with its first profile, whatever the field shows of the part before it.
@@ -200,6 +210,7 @@ void EnterParametersScreen()
     if (AppState.ShapeId > 0) {
         EnterField(AppState.ParamText, 0);
     } else {
+        LeaveHiddenControl();
         AppState.FieldMode = 0; // no field has the focus
     }
     RefreshKeyBar();

@@ -83,6 +83,9 @@ bool RunModalBox(const std::string& line1, const std::string& line2, const std::
                  bool twoButtons)
 {
     Screen.Calls.push_back("box " + line1 + "|" + line2 + "|" + line3 + (twoButtons ? "|two" : "|one"));
+    if (Screen.OnBox) {
+        return Screen.OnBox(line1);
+    }
     if (Screen.BoxAnswers.empty()) {
         return true;
     }

@@ -15,9 +15,10 @@ struct ProcessEnded {
 };
 
 struct ScreenRecord {
-    std::vector<std::string> Calls;    ///< "focus TextCutting 3", "box a|b|c|two", "progress 12", ...
-    std::deque<bool> BoxAnswers;       ///< answers of the next boxes; true when used up
-    std::function<void()> InputDialog; ///< plays the operator of the input dialog
+    std::vector<std::string> Calls; ///< "focus TextCutting 3", "box a|b|c|two", "progress 12", ...
+    std::deque<bool> BoxAnswers;    ///< answers of the next boxes; true when used up
+    std::function<bool(const std::string& line1)> OnBox; ///< answers boxes by their first line
+    std::function<void()> InputDialog;                   ///< plays the operator of the input dialog
     std::function<void(const ValueField*)>
         OnFocus;                    ///< plays the window when a field, or a list (null), is focused
     std::function<void()> OnYield;  ///< plays what arrives while the window catches up; once

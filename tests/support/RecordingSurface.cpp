@@ -4,6 +4,7 @@
 #include "state/AppState.h"
 #include "support/RecordingScreen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
@@ -30,13 +31,22 @@ std::string Colour(std::uint32_t rgb)
 
 void Record(Picture picture, const std::string& stroke)
 {
+    if (!Drawn.Kept) {
+        return;
+    }
     Drawn.Strokes.push_back(stroke);
     Drawn.Pictures.push_back(picture);
 }
 
 std::string Joined(const char* what, std::initializer_list<double> numbers)
 {
-    std::string text = what;
+    std::string text;
+    if (!Drawn.Kept) {
+        Drawn.AllNumbers = Drawn.AllNumbers && std::none_of(numbers.begin(), numbers.end(),
+                                                            [](double number) { return std::isnan(number); });
+        return text;
+    }
+    text = what;
     for (const double number : numbers) {
         text += " " + Number(number);
     }
@@ -45,6 +55,9 @@ std::string Joined(const char* what, std::initializer_list<double> numbers)
 
 void RecordInPen(Picture picture, const std::string& stroke)
 {
+    if (!Drawn.Kept) {
+        return;
+    }
     Record(picture, stroke + " " + Colour(Drawn.Pen.Rgb) + " " + std::to_string(Drawn.Pen.Width) +
                         (Drawn.Pen.Dashed ? " dashed" : "") + (Drawn.Pen.Inverting ? " inverting" : ""));
 }

@@ -11,6 +11,9 @@
 struct SurfaceRecord {
     bool Shown = false; ///< what PictureShown answers; most cases need no strokes
 
+    bool Kept = true;       ///< off, strokes are only looked at: for nests of millions of them
+    bool AllNumbers = true; ///< with Kept off: no stroke so far was at a place that is none
+
     /// "line 0 0 10 0 #000000 1", "box ...", "circle x y r ...", "arc x y r 0 90 ..." (degrees), each with colour and
     /// width of the pen, then " dashed", " inverting"; "fill 0 0 10 5 #ffffff"; "text 1 2 'abc' #000000"; "clear",
     /// "scale left top width height", "font 15", "font 15 bold", "bitmap 120 155", "cross pointer", "normal pointer".
