@@ -67,6 +67,13 @@ void SelectFieldText(const ValueField&, std::int32_t, std::int32_t) {}
 
 void Yield() {}
 
+double ClockSeconds()
+{
+    return std::chrono::duration<double>(Clock::now().time_since_epoch()).count();
+}
+
+void Pause(double) {}
+
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3, bool)
 {
     std::string text;

@@ -142,6 +142,8 @@ void SurfaceBox(Picture picture, float x1, float y1, float x2, float y2)
     Svg.Strokes += "Z";
 }
 
+void SurfacePixel(Picture, float, float, std::uint32_t) {} // nothing runs along a picture here
+
 void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std::uint32_t rgb)
 {
     if (Painter() != nullptr) {

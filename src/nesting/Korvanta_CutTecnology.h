@@ -61,7 +61,7 @@ void DrawStatistics(Picture picture, std::int16_t width);
 void DrawOriginMark(Picture picture);
 
 /// Scene and statistics of the current screen, strokes of the overlay `width` pixels wide; with `fit` the view is
-/// fitted first. A frame of the zoom or a rubber line that stood on the picture stands there again. Off the Cutting and
+/// fitted first. A frame of the zoom, a rubber line or a head that stood on the picture stands there again. Off the Cutting and
 /// Nesting screens nothing; in SaveMode the nest on the preview.
 void RedrawCurrent(std::int16_t width, Flag fit);
 
@@ -78,6 +78,13 @@ void RefreshPart(Picture picture);
 /// The frame of the zoom: the view divided by `factor` about ViewCentreX, ViewCentreY, and two lines through the centre, on
 /// inverting strokes. Drawn a second time it is gone.
 void DrawZoomFrame(Picture picture, double factor);
+
+/// The head of the simulation where it is told to stand, on inverting strokes: a small cross, or a cross-hair over the whole
+/// view. Drawn a second time it is gone.
+void DrawSimulationHead(Picture picture);
+
+/// The text of the statistics once more: what was drawn over it is under it then. DrawStatistics has told where it stands.
+void RaiseStatistics(Picture picture);
 
 /// The rubber line of the distance that is being measured, on inverting strokes. Drawn a second time it is gone. A line
 /// without length leaves no stroke, drawn or erased.

@@ -90,23 +90,40 @@ TextPlace PlaceOfStatistics(double letter, double line, double length)
     return place;
 }
 
-/// The second line goes on where the first ends.
-void DrawStatisticsText(Picture picture, std::int64_t copies)
+/// The two texts and their places. The second line goes on where the first ends.
+struct StatisticsText {
+    std::string Shapes;
+    std::string Cuts;
+    double Width = 0.0; ///< of the first
+    TextPlace Place{};
+};
+
+StatisticsText FormStatistics(Picture picture, std::int64_t copies)
 {
-    const std::string shapes = "Shape:" + NumberText(static_cast<double>(copies)) + "; ";
-    const std::string cuts =
+    StatisticsText text;
+    text.Shapes = "Shape:" + NumberText(static_cast<double>(copies)) + "; ";
+    text.Cuts =
         "Piercing:" + NumberText(static_cast<double>(AppState.ProfileCount) * static_cast<double>(copies)) +
         "; Cutting (mm): " + FormatNumber(static_cast<double>(copies) * AppState.TotalCutLength);
     double letter = 0.0;
     double line = 0.0;
-    double width = 0.0;
     double rest = 0.0;
     SurfaceTextSize(picture, "A", letter, line);
-    SurfaceTextSize(picture, cuts, rest, line);
-    SurfaceTextSize(picture, shapes, width, line);
-    const TextPlace place = PlaceOfStatistics(letter, line, width + rest);
-    SurfaceText(picture, ToSurface(place.X), ToSurface(place.FirstY), shapes, ColourBlack);
-    SurfaceText(picture, ToSurface(place.X + width), ToSurface(place.SecondY), cuts, ColourBlack);
+    SurfaceTextSize(picture, text.Cuts, rest, line);
+    SurfaceTextSize(picture, text.Shapes, text.Width, line);
+    text.Place = PlaceOfStatistics(letter, line, text.Width + rest);
+    AppState.StatisticsLeft = text.Place.X;
+    AppState.StatisticsRight = text.Place.X + text.Width + rest;
+    AppState.StatisticsTop = std::max(text.Place.FirstY, text.Place.SecondY);
+    AppState.StatisticsBottom = std::min(text.Place.FirstY, text.Place.SecondY) - line;
+    return text;
+}
+
+void DrawStatisticsText(Picture picture, const StatisticsText& text)
+{
+    const TextPlace& place = text.Place;
+    SurfaceText(picture, ToSurface(place.X), ToSurface(place.FirstY), text.Shapes, ColourBlack);
+    SurfaceText(picture, ToSurface(place.X + text.Width), ToSurface(place.SecondY), text.Cuts, ColourBlack);
 }
 
 /// What the walk does to the leads, without a stroke.
@@ -143,8 +160,16 @@ void DrawStatistics(Picture picture, std::int16_t width)
     } else {
         DrawCopyMoves(originX, originY, &walk);
     }
-    DrawStatisticsText(picture, copies);
+    DrawStatisticsText(picture, FormStatistics(picture, copies));
     DrawOriginMark(picture);
+}
+
+void RaiseStatistics(Picture picture)
+{
+    double originX = 0.0;
+    double originY = 0.0;
+    WalkOrigin(originX, originY);
+    DrawStatisticsText(picture, FormStatistics(picture, CountCopies(originX, originY)));
 }
 
 void DrawOriginMark(Picture picture)
@@ -181,6 +206,9 @@ void RedrawCurrent(std::int16_t width, Flag fit)
     }
     if (AppState.MeasureOn != FlagOff) {
         DrawRubberLine(picture);
+    }
+    if (AppState.SimHeadShown != FlagOff) {
+        DrawSimulationHead(picture);
     }
 }
 

@@ -15,6 +15,7 @@ constexpr std::int16_t SceneFont = 15;
 constexpr double ShadowPixels = 5.0;
 constexpr double AxisBelow = -0.1; ///< of the part's size: where an axis starts
 constexpr double AxisAbove = 1.1;  ///< and where it ends
+constexpr double HeadReach = 15.0; ///< pixels of the small cross to each side
 constexpr double LimitSlack = 1.0; ///< what a drawn copy may stand out of the sheet
 
 void DrawCaption(Picture picture, double x, double y, const std::string& text)
@@ -189,6 +190,21 @@ void DrawZoomFrame(Picture picture, double factor)
                ToSurface(y + reachY));
     DrawLine(picture, x, AppState.ViewTop, x, AppState.ViewTop + AppState.ViewHeight);
     DrawLine(picture, AppState.ViewLeft, y, AppState.ViewLeft + AppState.ViewWidth, y);
+}
+
+void DrawSimulationHead(Picture picture)
+{
+    const double x = AppState.SimHeadX;
+    const double y = AppState.SimHeadY;
+    SurfaceSetPen(picture, {ColourBlack, 1, false, true}); // on paper a head of black, on black one of white
+    if (AppState.SimHeadCross != FlagOff) {
+        DrawLine(picture, x - PixelsX(HeadReach), y, x + PixelsX(HeadReach), y);
+        DrawLine(picture, x, y - PixelsY(HeadReach), x, y + PixelsY(HeadReach));
+    } else {
+        DrawLine(picture, AppState.ViewLeft, y, AppState.ViewLeft + AppState.ViewWidth, y);
+        DrawLine(picture, x, AppState.ViewTop, x, AppState.ViewTop + AppState.ViewHeight);
+    }
+    SurfaceSetPen(picture, {ColourBlack, 1, false, false});
 }
 
 void DrawRubberLine(Picture picture)

@@ -27,8 +27,15 @@ void SelectInputRow(std::int16_t slot);
 /// Selects the text of a value field from `start` (0-based character) for `length` characters.
 void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t length);
 
-/// Lets the window system catch up with what was asked of it.
+/// Lets the window system catch up with what was asked of it. What is typed meanwhile waits.
 void Yield();
+
+/// Seconds of a clock that never runs backwards, from some point in the past.
+double ClockSeconds();
+
+/// Lets so many seconds pass, or, with 0, just the window system catch up. The one place where keys and clicks arrive in
+/// the middle of a routine: who pauses must be ready for all of them.
+void Pause(double seconds);
 
 /// Runs the modal box of three lines; true when it closed by OK.
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,

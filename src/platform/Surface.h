@@ -46,6 +46,9 @@ void SurfaceBox(Picture picture, float x1, float y1, float x2, float y2);
 /// A box filled with one colour, without an outline.
 void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std::uint32_t rgb);
 
+/// One pixel in one colour, whatever the pen.
+void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb);
+
 /// A full circle.
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius);
 

@@ -1,5 +1,6 @@
 // Stage 3 of a program run: one writer for each block that a template describes.
 #include "post/Korvanta_PostProcessor.h"
+#include "post/Simulation.h"
 
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
@@ -9,6 +10,17 @@ namespace
 std::int32_t Counter(const VectorFields& fields, std::size_t field, const char* what)
 {
     return RoundToInt32(TextToNumber(fields[field]), what);
+}
+
+/// In a simulation the head goes to fields 2 and 3 of a vector, not cutting.
+void StepHead(std::int16_t file, std::string_view vector)
+{
+    if (file == FileNone) {
+        VectorFields fields;
+        std::int16_t count = 0;
+        SplitVector(vector, ',', fields, count);
+        StepTo(HeadMode::Rapid, TextToNumber(fields[2]), TextToNumber(fields[3]));
+    }
 }
 
 void WritePlainBlock(std::int16_t file, std::string_view section, std::string_view vector)
@@ -48,8 +60,7 @@ void WriteProgramBegin(std::int16_t file)
 {
     if (file == FileNone) {
         AppState.CollectionBuffer.clear(); // no load empties it in a simulation
-        AppState.SimStop = FlagOff;
-        AppState.SimRunning = FlagOn;
+        BeginHead();
         return;
     }
     LoadPostProcessorValues();
@@ -62,7 +73,7 @@ void WriteProgramEnd(std::int16_t file, std::string_view vector)
 {
     WritePlainBlock(file, "PartProgram_END", vector);
     if (file == FileNone) {
-        AppState.SimRunning = FlagOff;
+        EndHead();
     } else if (AppState.SimSpeed > 0) { // without a simulation so far the stored speed stands
         WriteConfig("SETUP", "SIMSPEED", std::to_string(AppState.SimSpeed));
     }
@@ -93,6 +104,7 @@ void WritePartEnd(std::int16_t file, std::string_view vector)
 void WriteStartCut(std::int16_t file, std::string_view vector)
 {
     WriteBlock(file, "PartProgram_StartCUT", vector, CutCounters(vector, 5), FlagOn);
+    StepHead(file, vector);
     constexpr TemplatePlace place{"PartProgram_FirstMOVE", "END_LINE"};
     AppState.PendingFirstMove = ReadPprValue(place.Section, place.Key, "");
     ExpandLine(FileNone, AppState.PendingFirstMove, "", BlockCounters(), FlagOn, place);
@@ -127,6 +139,7 @@ void WriteStartPoint(std::int16_t file, std::string_view vector)
 void WritePoint(std::int16_t file, std::string_view vector)
 {
     WritePlainBlock(file, "PartProgram_POINT", vector);
+    StepHead(file, vector);
 }
 
 void WriteEndPoint(std::int16_t file, std::string_view vector)

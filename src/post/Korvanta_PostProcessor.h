@@ -74,7 +74,7 @@ void WriteBlock(std::int16_t file, std::string_view section, std::string_view ve
 // --- block writers -----------------------------------------------------------------------------------------
 // Each splits its vector, turns fields into counters and writes its block. A counter beyond 32 bits: RunTimeFault.
 
-/// A real program: values, numbering, block, compensation off. A simulation: only the marks that it runs.
+/// A real program: values, numbering, block, compensation off. A simulation: the head at its start.
 void WriteProgramBegin(std::int16_t file);
 /// Also stores the speed of the last simulation, or marks the simulation as stopped.
 void WriteProgramEnd(std::int16_t file, std::string_view vector);
@@ -106,7 +106,8 @@ void ProgramOrigin(double& x, double& y);
 /// File name of the program of job `name`: folders and all from the first "." cut, FILE_EXTENSION added.
 std::string ProgramFileName(const std::string& name);
 
-/// Writes the program of the current nest into `NcPath`; "SIMULA" walks without a file. Sets ProgramPath, ProgramLines,
+/// Writes the program of the current nest into `NcPath`; "SIMULA" walks without a file and shows the head, and one at a
+/// time: keys that arrive meanwhile must not start another run, nor touch the part. Sets ProgramPath, ProgramLines,
 /// ProgramCopies. Any failure is a RunTimeFault; the unfinished program then stays under its name + ".part". `old` is what
 /// becomes of an earlier program of that name meanwhile.
 void GenerateProgram(const std::string& name, OldFile old = OldFile::Removed);

@@ -2,6 +2,7 @@
 #include "post/Korvanta_PostProcessor.h"
 
 #include "config/Korvanta_Utility.h"
+#include "post/Simulation.h"
 
 #include <cmath>
 
@@ -72,6 +73,9 @@ void WriteLinear(std::int16_t file, std::string_view vector)
     line.append(" ").append(AppState.PendingFirstMove);
     line += FindPprValue(section, "END_LINE", "");
     WriteLine(file, line, true);
+    if (file == FileNone) {
+        StepTo(HeadMode::Cut, TextToNumber(fields[4]), TextToNumber(fields[5]));
+    }
     AppState.PendingFirstMove.clear();
 }
 
@@ -104,4 +108,8 @@ void WriteCircular(std::int16_t file, std::string_view vector)
     AppendMirrorWord(line, AppState.MirrorJ, fields[7]);
     line += FindPprValue(section, "END_LINE", "");
     WriteLine(file, line, true);
+    if (file == FileNone) {
+        ArcTo(TextToNumber(fields[2]), TextToNumber(fields[3]), TextToNumber(fields[4]),
+              TextToNumber(fields[5]), TextToNumber(fields[6]), TextToNumber(fields[7]), radius);
+    }
 }

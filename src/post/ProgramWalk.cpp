@@ -79,6 +79,22 @@ struct RunGuard {
     RunGuard& operator=(const RunGuard&) = delete;
 };
 
+/// Marks the walk of a simulation as long as it is on the stack, however it ends.
+struct WalkGuard {
+    WalkGuard()
+    {
+        AppState.SimWalking = FlagOn;
+    }
+    ~WalkGuard()
+    {
+        AppState.SimWalking = FlagOff;
+        AppState.SimRunning = FlagOff;
+        AppState.SimHeadShown = FlagOff;
+    }
+    WalkGuard(const WalkGuard&) = delete;
+    WalkGuard& operator=(const WalkGuard&) = delete;
+};
+
 bool IsYes(std::string_view key, std::string_view defaultValue)
 {
     return FindPprValue(ConfigSection, key, defaultValue) == "YES";
@@ -471,11 +487,15 @@ std::string ProgramFileName(const std::string& name)
 
 void GenerateProgram(const std::string& name, OldFile old)
 {
+    if (AppState.SimWalking != FlagOff) {
+        throw RunTimeFault("A program was started in the middle of a simulation");
+    }
     const RunGuard guard;
     Walk walk;
     ProgramOrigin(walk.OriginX, walk.OriginY);
     FindLowCorner();
     if (name == SimulationName) {
+        const WalkGuard walking;
         BeginSimulation();
         WalkProgram(walk);
         return;

@@ -7,11 +7,19 @@
 
 namespace
 {
+/// An answered panel's loop hasn't ended, or a simulation that was stopped hasn't: what is typed behind the stop is meant
+/// for what follows it, and the walk on the stack could bear no second one.
+bool KeysWait()
+{
+    const bool stopped = AppState.SimWalking != FlagOff && AppState.SimStop != FlagOff;
+    return Window.KeysHeld || (stopped && !Window.Modal);
+}
+
 /// One key for each turn of the event loop: it may open a box, whose own loop then goes on with the next. A routine that
 /// lets the window system catch up isn't done with the key before.
 void SendNextKey()
 {
-    if (Window.KeysHeld || Window.Yielding || Window.LateKeys.empty()) {
+    if (KeysWait() || Window.Yielding || Window.LateKeys.empty()) {
         return;
     }
     const std::shared_ptr<QKeyEvent> key = Window.LateKeys.front();
@@ -26,7 +34,7 @@ void SendNextKey()
 
 bool KeepLateKey(const QEvent* event)
 {
-    const bool waits = Window.KeysHeld || !Window.LateKeys.empty();
+    const bool waits = KeysWait() || !Window.LateKeys.empty();
     if (event->type() != QEvent::KeyPress || event == Window.SentKey || !waits) {
         return false;
     }

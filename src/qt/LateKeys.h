@@ -1,5 +1,6 @@
 // LateKeys.h -- the order of the keys. The window system may hand over many at once; those that come behind the answer of a
-// box, ahead of the end of its loop, are meant for what follows it, and so are all that come behind these.
+// box, ahead of the end of its loop, are meant for what follows it, and so are all that come behind these. The same for
+// keys behind the stop of a simulation, ahead of the end of its walk.
 #pragma once
 
 #include <QEvent>

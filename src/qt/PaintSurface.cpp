@@ -374,6 +374,29 @@ void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std
     }
 }
 
+void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb)
+{
+    PaintedPicture& painted = PictureOf(picture);
+    if (!HasScale(painted)) {
+        return;
+    }
+    const double left = std::floor(PixelX(painted, x));
+    const double top = std::floor(PixelY(painted, y));
+    if (!(left >= 0.0 && left < painted.Image.width() && top >= 0.0 && top < painted.Image.height())) {
+        return;
+    }
+    TellTouched(picture);
+    FlushBatch();
+    const int reach = static_cast<int>(std::max(1.0, std::round(painted.PixelRatio)));
+    const QRect dot(static_cast<int>(left), static_cast<int>(top), reach, reach);
+    const QRect seen = dot.intersected(QRect(QPoint(), painted.Image.size()));
+    auto* pixels = reinterpret_cast<std::uint32_t*>(painted.Image.bits());
+    for (int row = seen.top(); row <= seen.bottom(); ++row) {
+        std::fill_n(pixels + row * painted.Image.width() + seen.left(), seen.width(),
+                    Opaque | (rgb & ColourBits));
+    }
+}
+
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius)
 {
     StrokeArc(picture, centreX, centreY, radius, 0.0, 2 * std::numbers::pi);

@@ -69,8 +69,10 @@ struct StationWindowRecord {
     bool Modal = false;     ///< a box or dialog is open
     bool Ending = false;    ///< a fault is being told to the operator: nothing runs any more
 
-    bool Yielding = false; ///< a routine lets the window system catch up, and takes no keys meanwhile
-    bool KeysHeld = false; ///< an answered panel's loop hasn't ended
+    bool Yielding = false;     ///< a routine lets the window system catch up, and takes no keys meanwhile
+    bool CloseLater = false;   ///< the window was closed meanwhile
+    double ProgressSeen = 0.0; ///< ClockSeconds of the progress bar's last movement
+    bool KeysHeld = false;     ///< an answered panel's loop hasn't ended
     std::deque<std::shared_ptr<QKeyEvent>> LateKeys; ///< that wait for it, and all behind them
     const QEvent* SentKey = nullptr;                 ///< the one of them whose turn it is
     bool FrameFitted = false;                        ///< the window's frame is taken off its size

@@ -239,7 +239,9 @@ bool Watcher::MainEvent(QEvent* event)
     switch (event->type()) {
     case QEvent::Close:
         event->ignore(); // the way out is the same as by the key
-        if (!Window.Modal) {
+        if (Window.Yielding) {
+            Window.CloseLater = true; // a program is being written: its end first
+        } else if (!Window.Modal) {
             RunEvent([] { ExitProgram(); });
         }
         return true;
@@ -327,6 +329,19 @@ void ConnectLists()
         });
     }
 }
+
+/// What waited for the routine at work comes in its turn.
+void ResumeEvents()
+{
+    if (AppState.SimWalking == FlagOff) {
+        PostLateKeys();
+    }
+    if (Window.CloseLater && !Window.Yielding) {
+        Window.CloseLater = false;
+        QMetaObject::invokeMethod(
+            Window.Main, [] { Window.Main->close(); }, Qt::QueuedConnection);
+    }
+}
 } // namespace
 
 void RunGuarded(const std::function<void()>& routine)
@@ -350,6 +365,7 @@ void RunEvent(const std::function<void()>& routine)
     RunGuarded([&routine] {
         routine();
         MirrorRecords();
+        ResumeEvents();
     });
 }
 

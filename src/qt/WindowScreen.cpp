@@ -9,13 +9,18 @@
 #include "shell/Korvanta_InputParamPPR.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QMessageBox>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
 namespace
 {
+constexpr double ProgressSeconds = 0.04; ///< between two movements of the progress bar
+
 template <std::size_t Count>
 QLineEdit* FindEdit(const std::array<FieldRow, Count>& rows, const std::array<ValueField, Count>& fields,
                     const ValueField& field)
@@ -116,17 +121,38 @@ void SelectFieldText(const ValueField& field, std::int32_t start, std::int32_t l
     }
 }
 
-/// What is typed meanwhile waits until the routine at work is through, except while a walk shows itself: its keys are
-/// alive.
+/// What is typed meanwhile waits until the routine at work is through.
 void Yield()
 {
     MirrorRecords();
     const bool outer = Window.Yielding;
-    Window.Yielding = AppState.SimRunning == FlagOff;
-    QCoreApplication::processEvents(Window.Yielding ? QEventLoop::ExcludeUserInputEvents
-                                                    : QEventLoop::AllEvents);
+    Window.Yielding = true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     Window.Yielding = outer;
     PostLateKeys();
+}
+
+double ClockSeconds()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+/// An event loop of its own, so that a key is dealt with at once, and not when the time is over.
+void Pause(double seconds)
+{
+    if (!HasWindow()) {
+        return;
+    }
+    MirrorRecords();
+    if (!(seconds > 0.0)) {
+        QCoreApplication::processEvents();
+        return;
+    }
+    QEventLoop loop;
+    const std::chrono::duration<double> time(seconds);
+    QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(time), Qt::PreciseTimer, &loop,
+                       &QEventLoop::quit);
+    loop.exec();
 }
 
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
@@ -170,13 +196,24 @@ void ShowProgress(std::int32_t range)
     Window.Progress->setValue(0);
     Window.Progress->show();
     Window.Progress->raise();
+    Window.ProgressSeen = ClockSeconds();
+    Yield();
 }
 
+/// The window lives from one movement of the bar to the next, and no more often than an eye can see: the program is the
+/// work, not the bar.
 void SetProgress(std::int32_t value)
 {
-    if (value >= 0 && value <= Window.Progress->maximum()) {
-        Window.Progress->setValue(value);
+    if (value < 0 || value > Window.Progress->maximum()) {
+        return;
     }
+    const double now = ClockSeconds();
+    if (now - Window.ProgressSeen < ProgressSeconds) {
+        return;
+    }
+    Window.Progress->setValue(value);
+    Yield();
+    Window.ProgressSeen = ClockSeconds();
 }
 
 void HideProgress()

@@ -1,6 +1,7 @@
 #include "shell/FieldEvents.h"
 
 #include "platform/Screen.h"
+#include "post/Simulation.h"
 #include "shell/FunctionKeys.h"
 #include "shell/KeyBar.h"
 #include "shell/KeyCodes.h"
@@ -54,14 +55,6 @@ void CuttingFieldArrived(std::int16_t index)
 {
     HighlightField(AppState.TextCutting, AppState.LabelCuttingColor, index, -1);
     CuttingFieldEntered(index);
-}
-
-/// A running walk ends after its next move.
-void StopSimulation()
-{
-    if (AppState.SimRunning != FlagOff) {
-        AppState.SimStop = FlagOn;
-    }
 }
 
 void NestingFieldArrived(std::int16_t index)

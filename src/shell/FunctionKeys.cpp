@@ -1,8 +1,10 @@
 #include "shell/FunctionKeys.h"
 
 #include "platform/Screen.h"
+#include "post/Simulation.h"
 #include "profile/Korvanta_Common.h"
 #include "shell/FieldEvents.h"
+#include "shell/SimulationRun.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
 
@@ -118,6 +120,16 @@ void SetNestType(const KeyPress& key)
     }
 }
 
+/// One key for both: its picture tells which.
+void StartOrStop(const KeyPress&)
+{
+    if (AppState.SimRunning != FlagOff) {
+        StopSimulation();
+    } else {
+        StartSimulation();
+    }
+}
+
 /// The field becomes a star with the caret behind it: the number that follows counts columns or rows.
 void TypeStar(const KeyPress& key)
 {
@@ -154,7 +166,7 @@ constexpr KeyAction Actions[ModeCount][KeysOfMode] = {
     // 6: Nesting
     {SetNestType, SetNestType, SetNestType, SetNestType},
     // 7: Simulation
-    {Plus, Minus},
+    {Plus, Minus, StartOrStop},
     // 8: sheet sizes
     {Plus, Minus, TypeStar},
     // 9: Profile nr.

@@ -1,7 +1,6 @@
 #include "shell/KeyDispatcher.h"
 
 #include "platform/Screen.h"
-#include "post/Korvanta_PostProcessor.h"
 #include "shell/Exit.h"
 #include "shell/FieldEvents.h"
 #include "shell/FunctionKeys.h"
@@ -9,6 +8,7 @@
 #include "shell/InputScreen.h"
 #include "shell/KeyCodes.h"
 #include "shell/Korvanta_Interface.h"
+#include "shell/SimulationRun.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
 
@@ -188,9 +188,8 @@ void Simulate(const KeyEvent&)
 {
     FocusField(AppState.TextNesting[FieldSimulation]);
     Yield();
-    const bool here = AppState.ScreenState == ScreenNesting; // no key has gone on meanwhile
-    if (here && AppState.SimRunning == FlagOff) {
-        GenerateProgram("SIMULA");
+    if (AppState.SimRunning == FlagOff) {
+        StartSimulation();
     }
 }
 
@@ -227,6 +226,13 @@ std::span<const KeyRow> KeysOfScreen()
     default:
         return {};
     }
+}
+
+/// Keys that lead off the Nesting screen. What they bring about, a simulation can't bear.
+bool LeavesNesting(std::int16_t keyCode)
+{
+    return AppState.ScreenState == ScreenNesting &&
+           (keyCode == KeyF1 || keyCode == KeyF9 || keyCode == KeyF10);
 }
 
 bool OnFieldScreen()
@@ -302,6 +308,9 @@ void KeyDispatcher(std::int16_t keyCode, std::int16_t shift, FieldArray fields, 
         ExitProgram();
         return;
     }
+    if (LeavesNesting(keyCode) && WaitsForSimulation([keyCode, shift] { KeyDispatcher(keyCode, shift); })) {
+        return;
+    }
     for (const KeyRow& row : rows) {
         if (row.KeyCode == keyCode && (row.Applies == nullptr || row.Applies())) {
             row.Run({keyCode, shift, fields, picture});
@@ -334,6 +343,9 @@ void ClickFunctionButton(std::int16_t button)
 
 void ClickCamTab(std::int16_t tab)
 {
+    if (WaitsForSimulation([tab] { ClickCamTab(tab); })) {
+        return;
+    }
     LeaveFocusedField();
     EnterCamTab(tab);
 }

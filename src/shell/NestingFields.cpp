@@ -1,5 +1,6 @@
 #include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Screen.h"
+#include "post/Simulation.h"
 #include "profile/Korvanta_Common.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
@@ -88,6 +89,7 @@ void NestingFieldChanged(std::int16_t index)
         break;
     default: // Simulation
         Validate(index);
+        ApplySimulationSpeed();
         break;
     }
 }

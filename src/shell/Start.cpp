@@ -2,6 +2,7 @@
 #include "config/Korvanta_Utility.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "shell/InputEvents.h"
+#include "shell/KeyBar.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
@@ -78,6 +79,7 @@ void PrepareScreens()
     SetChangeRoutines();
     SetCaptions();
     AppState.Redraw = RedrawScene;
+    AppState.RefreshKeys = RefreshKeyBar;
 }
 
 void SetCaptions()

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -112,6 +113,8 @@ struct AppStateRecord {
 
     /// Set by the shell at start-up: draws the current screen; with the flag on the view is fitted first.
     void (*Redraw)(Flag fit) = nullptr;
+    /// The same: shows the keys anew after SimRunning has changed.
+    void (*RefreshKeys)() = nullptr;
 
     // --- value fields: the text of a field is its value -----------------------------------------------
     std::array<ValueField, CuttingFieldCount> TextCutting;
@@ -202,6 +205,10 @@ struct AppStateRecord {
     std::int32_t NestResultY = 0;
     Flag NestFieldTouched = FlagOff; ///< a kerf or gap changed since its field got the focus
     std::int32_t CopiesDrawn = 0;    ///< copies that the last walk of the statistics line met
+    double StatisticsLeft = 0.0;     ///< where the two lines of the statistics stand on the picture
+    double StatisticsRight = 0.0;
+    double StatisticsTop = 0.0;
+    double StatisticsBottom = 0.0;
 
     // --- import: the account of the last import, and the modal state of one ISO file --------------------
     std::map<std::string, std::int64_t>
@@ -253,9 +260,27 @@ struct AppStateRecord {
     double ProgramMaxY = 0.0;
     double SheetSizeX = 0.0; ///< precedence of *SIZ over the view; nothing sets them
     double SheetSizeY = 0.0;
-    Flag SimRunning = FlagOff;
-    Flag SimStop = FlagOff;
+
+    // --- simulation -----------------------------------------------------------------------------------
+    Flag SimRunning = FlagOff; ///< from the start of the walk to its end or the stop
+    Flag SimStop = FlagOff;    ///< stop request
+    Flag SimWalking =
+        FlagOff; ///< the walk is on the stack: it outlives SimRunning until it has seen the request
     std::int16_t SimSpeed = 0; ///< speed number that the last simulation left, 0 when none ran yet
+    double SimStep = 0.0;      ///< length of a step, drawing units
+    double SimStepView = 0.0;  ///< UnitsPerPixelX that the step belongs to
+    double SimX = 0.0;         ///< where the head is
+    double SimY = 0.0;
+    double SimPrevX = 0.0; ///< where it was drawn before: start of the next piece of trail
+    double SimPrevY = 0.0;
+    Flag SimHeadShown = FlagOff; ///< a head stands on the picture, at SimHeadX, SimHeadY
+    Flag SimHeadCross = FlagOff; ///< as a small cross, else as a cross-hair
+    double SimHeadX = 0.0;
+    double SimHeadY = 0.0;
+    Flag SimTextTouched = FlagOff;         ///< the trail has run over the statistics since they were drawn
+    double SimDue = 0.0;                   ///< ClockSeconds at which the head is to be where it is
+    double SimSeen = 0.0;                  ///< ClockSeconds at which the window last caught up
+    std::function<void()> AfterSimulation; ///< what waits for the end of the walk
 };
 
 extern AppStateRecord AppState;

@@ -260,7 +260,11 @@ TEST_F(FieldEvents, LeavingTheSimulationStopsIt)
     EXPECT_EQ(AppState.SimStop, FlagOff);
     FieldGone(AppState.TextNesting, FieldSimulation);
     EXPECT_EQ(AppState.SimStop, FlagOn);
+    EXPECT_EQ(AppState.SimRunning, FlagOff);
     AppState.SimStop = FlagOff;
+    FieldArrived(AppState.TextNesting, FieldGapX);
+    EXPECT_EQ(AppState.SimStop, FlagOff) << "none runs any more";
+    AppState.SimRunning = FlagOn;
     FieldArrived(AppState.TextNesting, FieldGapX);
     EXPECT_EQ(AppState.SimStop, FlagOn);
 }

@@ -153,7 +153,7 @@ TEST_F(FieldKeys, NumbersWithoutAKeyDoNothing)
     };
     const ModeCase cases[] = {{0, FieldScale, 0},       {1, FieldScale, 2},    {2, FieldAngle, 4},
                               {4, FieldMirror, 4},      {5, FieldMoveStep, 5}, {6, FieldNestType, 4},
-                              {7, FieldSimulation, 2},  {8, FieldSheetX, 3},   {9, FieldProfileNumber, 6},
+                              {7, FieldSimulation, 3},  {8, FieldSheetX, 3},   {9, FieldProfileNumber, 6},
                               {3, FieldCuttingZoom, 7}, {-1, FieldScale, 0},   {10, FieldScale, 0}};
     for (const ModeCase& c : cases) {
         AppState.ScreenState = ScreenCutting;
@@ -342,11 +342,20 @@ TEST_F(FieldKeys, StarKeyAsksForACount)
     EXPECT_EQ(AppState.CurrentField, FieldSheetY);
 }
 
-TEST_F(FieldKeys, SimulationKeyIsNoKeyYet)
+TEST_F(FieldKeys, SimulationKeyStartsAndStops)
 {
     OnNesting(FieldSimulation);
+    bool ran = false;
+    Screen.OnPause = [&ran] {
+        ran = true;
+        EXPECT_NE(AppState.SimRunning, FlagOff);
+        Key(3);
+        EXPECT_EQ(AppState.SimRunning, FlagOff);
+    };
+    Screen.ClockTick = 1.0;
     Key(3);
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(AppState.SimRunning, FlagOff);
     EXPECT_EQ(Nesting(FieldSimulation), "2");
-    EXPECT_THAT(TakeCalls(), IsEmpty());
 }
 } // namespace

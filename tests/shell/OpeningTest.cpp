@@ -49,7 +49,7 @@ protected:
         SetText(AppState.TextCutting[FieldMirror], "2");
         SetText(AppState.TextCutting[FieldScale], "3");
         SetText(AppState.TextNesting[FieldNestType], "4");
-        SetText(AppState.TextNesting[FieldSimulation], "9");
+        AppState.TextNesting[FieldSimulation].Text = "9"; // as it stood ahead of an edit of the file
         AppState.LabelNesting[LabelCountX] = "5";
         AppState.LabelNesting[LabelCountY] = "6";
         AppState.NestResultX = 5;

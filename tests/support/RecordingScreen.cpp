@@ -79,6 +79,21 @@ void Yield()
     }
 }
 
+double ClockSeconds()
+{
+    Screen.Clock += Screen.ClockTick;
+    return Screen.Clock;
+}
+
+void Pause(double seconds)
+{
+    Screen.Clock += seconds;
+    ++Screen.Pauses;
+    if (Screen.OnPause) {
+        Screen.OnPause();
+    }
+}
+
 bool RunModalBox(const std::string& line1, const std::string& line2, const std::string& line3,
                  bool twoButtons)
 {

@@ -22,6 +22,10 @@ struct ScreenRecord {
     std::function<void(const ValueField*)>
         OnFocus;                    ///< plays the window when a field, or a list (null), is focused
     std::function<void()> OnYield;  ///< plays what arrives while the window catches up; once
+    double Clock = 0.0;             ///< ClockSeconds; grows by each pause
+    double ClockTick = 0.0;         ///< and by this much whenever it is read: how long a step takes
+    std::int64_t Pauses = 0;        ///< calls of Pause
+    std::function<void()> OnPause;  ///< plays what arrives in each of them
     std::vector<TopWindow> Windows; ///< what stands on the desktop
     ListMetrics Metrics;            ///< layout of every list
     std::int32_t PictureWidth = 640;

@@ -138,6 +138,11 @@ void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std
     Record(picture, Joined("fill", {x1, y1, x2, y2}) + " " + Colour(rgb));
 }
 
+void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb)
+{
+    Record(picture, Joined("pixel", {x, y}) + " " + Colour(rgb));
+}
+
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius)
 {
     RecordInPen(picture, Joined("circle", {centreX, centreY, radius}));
