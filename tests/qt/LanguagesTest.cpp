@@ -282,6 +282,35 @@ TEST_P(Languages, ParametersOfEveryShape)
     }
 }
 
+TEST_P(Languages, TheLongestLabelsFitAtEverySize)
+{
+    for (const char* resolution : {"640x480", "800x600", "1024x768"}) {
+        Open(resolution, std::to_string(GetParam()));
+        Press(Qt::Key_End);
+        Press(Qt::Key_F10);
+        ASSERT_EQ(AppState.ShapeId, 1041);
+        Check(resolution);
+        EXPECT_GE(PictureBox(Picture::Param)->width(), Window.Main->width() / 2) << resolution;
+        PressTimes(Qt::Key_F10, 3);
+        Check(resolution);
+        TearDown();
+    }
+}
+
+TEST_P(Languages, AShortLabelTakesNoMoreRoomAfterALongOne)
+{
+    Open("640x480", std::to_string(GetParam()));
+    Press(Qt::Key_F10);
+    const int before = PictureBox(Picture::Param)->width();
+    Press(Qt::Key_F1);
+    Press(Qt::Key_End);
+    Press(Qt::Key_F10);
+    Press(Qt::Key_F1);
+    Press(Qt::Key_Home);
+    Press(Qt::Key_F10);
+    EXPECT_EQ(PictureBox(Picture::Param)->width(), before);
+}
+
 TEST_P(Languages, TheRoadOfAnImport)
 {
     OpenInLanguage();
