@@ -208,8 +208,9 @@ bool BoxEvent(ModalPanel& modal, QEvent* event)
     if (event->type() != QEvent::KeyPress) {
         return false;
     }
+    const auto& key = *static_cast<QKeyEvent*>(event);
     bool result = false;
-    if (BoxKey(KeyCodeOf(*static_cast<QKeyEvent*>(event)), result)) {
+    if (!key.isAutoRepeat() && BoxKey(KeyCodeOf(key), result)) { // a key still held is no answer
         ClosePanel(modal, result);
     }
     return true;
@@ -327,6 +328,9 @@ bool DialogKey(ModalPanel& modal, std::int16_t slot, const QKeyEvent& key)
     }
     const std::int16_t code = KeyCodeOf(key);
     if (code == KeyF8 || code == KeyF10 || code == KeyEnter) {
+        if (key.isAutoRepeat()) {
+            return true; // still held from before the dialog
+        }
         RunEvent([&] {
             if (InputDialogKey(slot, code)) {
                 CloseDialog(modal);

@@ -225,6 +225,8 @@ void ShowStationWindow()
         Window.Main->show();
         FitFrame();
     }
+    QObject::connect(Window.Main->windowHandle(), &QWindow::screenChanged, Window.Main,
+                     [] { RunEvent([] {}); }); // another ratio of pixels needs other pictures
     Window.Main->activateWindow();
     MirrorRecords();
 }

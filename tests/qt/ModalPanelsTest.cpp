@@ -215,6 +215,33 @@ TEST_F(ModalPanels, ABoxOverABoxGivesTheKeysBack)
     EXPECT_FALSE(Window.Modal);
 }
 
+TEST_F(ModalPanels, AKeyThatIsStillHeldAnswersNothing)
+{
+    Open();
+    FillSlots();
+    const auto repeat = [](int key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(Window.Main->focusWidget(), &event);
+    };
+    Meanwhile([&repeat] {
+        repeat(Qt::Key_F10);
+        repeat(Qt::Key_Escape);
+        EXPECT_EQ(Focused(), "MsgBox_Unicode");
+        Press(Qt::Key_F1);
+    });
+    bool result = true;
+    ShowBox("one", "", "", true, result);
+    EXPECT_FALSE(result);
+    Meanwhile([&repeat] {
+        repeat(Qt::Key_F10);
+        repeat(Qt::Key_F8);
+        Type("99");
+        Press(Qt::Key_F10);
+    });
+    RunInputDialog("Input");
+    EXPECT_EQ(AppState.PprInput[1].Value, "99");
+}
+
 TEST_F(ModalPanels, ButtonsAreOfOneWidthAndASingleOneIsWide)
 {
     Open();
