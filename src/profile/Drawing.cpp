@@ -13,7 +13,7 @@ namespace
 constexpr std::int16_t CurrentProfileWidth = 3;
 constexpr double CrossPixels = 5.0;
 constexpr double ArrowPixels = 20.0;
-constexpr double BarbPixels = 8.0;
+constexpr double BarbDivisor = 80.0; ///< a barb is that part of the view's height
 constexpr double BarbAngle = 16.0 / 180.0 * Pi;
 
 double InFullTurn(double angle)
@@ -101,7 +101,7 @@ void AddArrow(PartStrokes& strokes, const SurfacePen& pen, double x1, double y1,
 {
     Add(strokes, pen, LineStroke(x1, y1, x2, y2));
     const double back = angolo(y1 - y2, x1 - x2);
-    const double barb = PixelsX(BarbPixels);
+    const double barb = std::fabs(AppState.ViewHeight) / BarbDivisor;
     for (const double turn : {BarbAngle, -BarbAngle}) {
         Add(strokes, pen,
             LineStroke(x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn)));

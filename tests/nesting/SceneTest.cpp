@@ -69,13 +69,14 @@ TEST_F(Scene, PartWithAxesAndSizes)
     AppState.ScreenState = ScreenCutting;
     MakeLine(300, 100);
     DrawScene(Picture::Tecno, FlagOn, FlagOn, FlagOn);
-    // A pixel is 345 / 640 = 0.539063: letters 4.3125 wide, 10.7813 high; barbs 4.14547 along, 1.18869 beside. The view
+    // A pixel is 345 / 640 = 0.539063: letters 4.3125 wide, 10.7813 high; barbs are 258.75 / 80 = 3.23438 long,
+    // 3.10908 along, 0.891515 beside. The view
     // ends at 315, and 10 below the part: too little for a line, so the texts of the x axis stand on it.
     EXPECT_THAT(TakeStrokes(),
                 ElementsAre("clear", "scale -30 248.75 345 -258.75", "font 15", "line -30 0 330 0 #0000ff 1",
-                            "line 330 0 325.855 -1.18869 #0000ff 1", "line 330 0 325.855 1.18869 #0000ff 1",
-                            "line 0 -10 0 110 #0000ff 1", "line 0 110 1.18869 105.855 #0000ff 1",
-                            "line 0 110 -1.18869 105.855 #0000ff 1", "text 308.531 10.7812 'x' #0000ff",
+                            "line 330 0 326.891 -0.891515 #0000ff 1", "line 330 0 326.891 0.891515 #0000ff 1",
+                            "line 0 -10 0 110 #0000ff 1", "line 0 110 0.891515 106.891 #0000ff 1",
+                            "line 0 110 -0.891515 106.891 #0000ff 1", "text 308.531 10.7812 'x' #0000ff",
                             "text -6.46875 110 'y' #0000ff", "text -6.46875 10.7812 'o' #0000ff",
                             "text 143.531 10.7812 '300' #0000ff", "text 2.15625 55.3906 '100' #0000ff",
                             "line 0 0 300 100 #000000 1"));

@@ -33,6 +33,7 @@ protected:
         AppState.ScreenState = ScreenCutting;
         AppState.UnitsPerPixelX = 1.0;
         AppState.UnitsPerPixelY = -1.0;
+        AppState.ViewHeight = -640.0;
     }
 
     /// A square hole of 3 in a square of 10.
@@ -92,7 +93,7 @@ TEST_F(Drawing, ArcTooShortForItsAnglesIsAChord)
 
 TEST_F(Drawing, ArrowHasTwoBarbsAtItsEnd)
 {
-    // 8 pixels at 16 degrees: 7.69009 back, 2.2051 beside the shaft.
+    // 640 / 80 = 8 at 16 degrees: 7.69009 back, 2.2051 beside the shaft.
     DrawArrow(Picture::Nesting, 0, 0, 10, 0, 0x123456);
     EXPECT_EQ(Drawn.Pictures.front(), Picture::Nesting);
     EXPECT_THAT(TakeStrokes(), ElementsAre("line 0 0 10 0 #123456 1", "line 10 0 2.30991 -2.2051 #123456 1",
