@@ -158,6 +158,9 @@ void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std
                  "\" fill=\"" + ColourText(rgb) + "\"/>\n";
 }
 
+void SurfaceFloodFill(Picture, float, float, std::uint32_t, std::uint32_t) {
+} // a file of strokes has no pixels
+
 void SurfaceText(Picture picture, float x, float y, const std::string& text, std::uint32_t rgb)
 {
     FinishPath();

@@ -49,6 +49,10 @@ void SurfaceFillBox(Picture picture, float x1, float y1, float x2, float y2, std
 /// One pixel in one colour, whatever the pen.
 void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb);
 
+/// Fills the area around (x, y) up to strokes of the colour `border`, and up to the edges of the picture. Nothing when the
+/// point lies outside the picture or on such a stroke.
+void SurfaceFloodFill(Picture picture, float x, float y, std::uint32_t rgb, std::uint32_t border);
+
 /// A full circle.
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius);
 

@@ -20,6 +20,10 @@ inline constexpr std::uint32_t ColourPaletteRed = 0x800000;     ///< 4
 inline constexpr std::uint32_t ColourPaletteMagenta = 0x800080; ///< 5
 inline constexpr std::uint32_t ColourPaletteGrey = 0x808080;    ///< 8
 
+// Of the colour graphics adapter's palette of 16.
+inline constexpr std::uint32_t ColourCgaBrown = 0xAA5500;     ///< 6
+inline constexpr std::uint32_t ColourCgaLightBlue = 0x5555FF; ///< 9
+
 /// A coordinate as the surface takes it. What no picture could show is cut to its edge, and no number is 0.
 inline float ToSurface(double value)
 {

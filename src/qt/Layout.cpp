@@ -4,6 +4,7 @@
 #include "qt/Artwork.h"
 #include "qt/PaintSurface.h"
 #include "qt/StationWindow.h"
+#include "shapes/DimensionDrawing.h"
 #include "shell/MsgBox_Unicode.h"
 
 #include <QFontInfo>
@@ -301,6 +302,8 @@ void RedrawBoxes()
     if (AppState.ScreenState == ScreenParameters) {
         if (AppState.ShapeId == 0) {
             DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
+        } else {
+            DrawShapePicture(Picture::Param, FocusedParameter());
         }
     } else if (AppState.Redraw != nullptr) {
         AppState.Redraw(FlagOn);

@@ -2,6 +2,7 @@
 
 #include "platform/Bitmap.h"
 #include "qt/Coverage.h"
+#include "qt/FloodFill.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -206,9 +207,13 @@ int FillEdge(double edge, int pixels)
     return static_cast<int>(std::clamp(std::floor(edge + 0.5 + Slip), 0.0, static_cast<double>(pixels)));
 }
 
-/// The size asked for, or what leaves a line its room above the part in a low picture.
+/// The size asked for, or what leaves a line its room above the part in a low picture. The letters of a shape's drawing
+/// are in proportion to it as they come.
 int FontPixels(const PaintedPicture& painted)
 {
+    if (&painted == &Pictures[static_cast<std::size_t>(Picture::Param)]) {
+        return static_cast<int>(std::lround(std::max(painted.FontPoints * PixelsPerPoint, 1.0)));
+    }
     const double height = painted.Size.height();
     const double room = std::max(height * LineShare, LeastFontPixels);
     return static_cast<int>(std::lround(std::clamp(painted.FontPoints * PixelsPerPoint, 1.0, room)));
@@ -394,6 +399,21 @@ void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb)
     for (int row = seen.top(); row <= seen.bottom(); ++row) {
         std::fill_n(pixels + row * painted.Image.width() + seen.left(), seen.width(),
                     Opaque | (rgb & ColourBits));
+    }
+}
+
+void SurfaceFloodFill(Picture picture, float x, float y, std::uint32_t rgb, std::uint32_t border)
+{
+    PaintedPicture& painted = PictureOf(picture);
+    if (!HasScale(painted)) {
+        return;
+    }
+    const double column = std::floor(PixelX(painted, x));
+    const double row = std::floor(PixelY(painted, y));
+    if (column >= 0.0 && column < painted.Image.width() && row >= 0.0 && row < painted.Image.height()) {
+        TellTouched(picture);
+        FlushBatch();
+        FloodFill(painted.Image, static_cast<int>(column), static_cast<int>(row), rgb, border);
     }
 }
 

@@ -3,7 +3,6 @@
 #include "platform/Paths.h"
 #include "qt/Mirror.h"
 #include "qt/PaintSurface.h"
-#include "qt/ShapePictures.h"
 #include "qt/StationWindow.h"
 #include "qt/WindowEvents.h"
 #include "shell/Measure.h"
@@ -15,7 +14,6 @@
 
 namespace
 {
-constexpr double ShapeShare = 0.8; ///< of its box that a shape fills
 constexpr int LogoMargin = 6;      ///< from the corner of the box
 constexpr int LogoWidthShare = 4;  ///< the logo takes at most this part of the box's width
 constexpr int LogoLines = 2;       ///< and at most so many lines of text in height
@@ -66,14 +64,6 @@ void PaintLogo(QPainter& painter, const QRect& box)
     painter.drawPixmap(QRectF(QPointF(LogoMargin, LogoMargin), size), fitted, QRectF(fitted.rect()));
 }
 
-/// The shape that is about to be made.
-void PaintShape(QPainter& painter, const QRect& box)
-{
-    const QSize size(static_cast<int>(box.width() * ShapeShare), static_cast<int>(box.height() * ShapeShare));
-    const QPixmap shape = ShapePicture(AppState.ShapeId, size, Window.Main->devicePixelRatioF());
-    painter.drawPixmap((box.width() - size.width()) / 2, (box.height() - size.height()) / 2, shape);
-    PaintLogo(painter, box);
-}
 
 void PaintPicture(QWidget* control, Picture picture)
 {
@@ -94,7 +84,7 @@ void PaintPicture(QWidget* control, Picture picture)
         painter.drawImage(0, 0, SurfaceImage(picture));
     }
     if (picture == Picture::Param && AppState.ShapeId > 0) {
-        PaintShape(painter, control->rect());
+        PaintLogo(painter, control->rect());
     }
 }
 

@@ -1,6 +1,8 @@
 #include "shapes/Korvanta_Parameters.h"
 
 #include "config/Korvanta_Utility.h"
+#include "shapes/DimensionDrawing.h"
+#include "shapes/PictureRecords.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 
@@ -115,8 +117,9 @@ constexpr ShapeRow Rows[] = {
 /// Messages that caption the two parameters without a letter.
 constexpr int MessageTail = 22;
 constexpr int MessageSwap = 38;
+} // namespace
 
-std::string Caption(std::string_view letter)
+std::string ParameterCaption(std::string_view letter)
 {
     if (letter == TailLetter) {
         return MessageText(MessageTail);
@@ -126,7 +129,6 @@ std::string Caption(std::string_view letter)
     }
     return std::string(letter);
 }
-} // namespace
 
 std::span<const ShapeRow> ShapeCatalogue()
 {
@@ -162,7 +164,9 @@ int ParameterCount(const ShapeRow& row)
     return count;
 }
 
-void ShowShapeParameters(std::int16_t shapeId, Flag withDefaults)
+namespace
+{
+void ShowParameterFields(std::int16_t shapeId, Flag withDefaults)
 {
     for (ValueField& field : AppState.ParamText) {
         field.Visible = FlagOff;
@@ -174,9 +178,17 @@ void ShowShapeParameters(std::int16_t shapeId, Flag withDefaults)
     for (int i = 0; i < ParameterCount(*row); ++i) {
         const auto index = static_cast<std::size_t>(i);
         AppState.ParamText[index].Visible = FlagOn;
-        AppState.ParamLabel[index] = Caption(row->Parameters[i].Letter);
+        AppState.ParamLabel[index] = ParameterCaption(row->Parameters[i].Letter);
         if (withDefaults != 0) {
             SetText(AppState.ParamText[index], PlainNumber(row->Parameters[i].Default));
         }
     }
+}
+} // namespace
+
+void ShowShapeParameters(std::int16_t shapeId, Flag withDefaults)
+{
+    ShowParameterFields(shapeId, withDefaults);
+    LoadPictureItems(shapeId);
+    DrawShapePicture(Picture::Param, 0);
 }

@@ -42,6 +42,9 @@ std::int16_t ShapeIdOfName(std::string_view name);
 /// How many parameters a row has.
 int ParameterCount(const ShapeRow& row);
 
+/// What stands beside the field of a parameter: its letter, or its word in the current language.
+std::string ParameterCaption(std::string_view letter);
+
 /// Shows as many parameter fields as the shape has, each with its caption; with `withDefaults` also its default
-/// value, otherwise the texts stay. An identifier without a row shows none.
+/// value, otherwise the texts stay. An identifier without a row shows none. Then draws the shape's dimensioned drawing.
 void ShowShapeParameters(std::int16_t shapeId, Flag withDefaults);

@@ -2,6 +2,7 @@
 
 #include "platform/Screen.h"
 #include "post/Simulation.h"
+#include "shapes/DimensionDrawing.h"
 #include "shell/FunctionKeys.h"
 #include "shell/KeyBar.h"
 #include "shell/KeyCodes.h"
@@ -46,7 +47,7 @@ bool IsZoom(FieldArray fields, std::int16_t index)
 void ParamFieldArrived(std::int16_t index)
 {
     SelectWholeText(AppState.ParamText[static_cast<std::size_t>(index)]);
-    HighlightField(AppState.ParamText, AppState.ParamLabelColor, index, -1);
+    HighlightParameter(static_cast<std::int16_t>(index + 1));
     AppState.FieldMode = 0;
     AppState.CurrentField = index;
 }

@@ -4,6 +4,7 @@
 #include "state/CutMove.h"
 #include "state/Flag.h"
 #include "state/Numbers.h"
+#include "state/PictureItem.h"
 #include "state/PprInputValue.h"
 #include "state/ProfileElement.h"
 #include "state/ProfileRecord.h"
@@ -142,6 +143,9 @@ struct AppStateRecord {
     std::int16_t InternalPathSense = 1;
     Flag ConfigHeld = FlagOff; ///< WriteConfig keeps its values in HeldConfig instead of writing the file
     std::map<std::string, std::string> HeldConfig; ///< by "SECTION]KEY" in upper case
+
+    // --- shapes: the dimensioned drawing on the Parameters screen ---------------------------------------
+    std::vector<PictureItem> PictureItems{1}; ///< of the current shape, slots from 1
 
     // --- profile: the part ----------------------------------------------------------------------------
     std::vector<ProfileElement> ElementTable{1};   ///< slot 0 exists and holds nothing

@@ -143,6 +143,11 @@ void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb)
     Record(picture, Joined("pixel", {x, y}) + " " + Colour(rgb));
 }
 
+void SurfaceFloodFill(Picture picture, float x, float y, std::uint32_t rgb, std::uint32_t border)
+{
+    Record(picture, Joined("flood", {x, y}) + " " + Colour(rgb) + " to " + Colour(border));
+}
+
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius)
 {
     RecordInPen(picture, Joined("circle", {centreX, centreY, radius}));

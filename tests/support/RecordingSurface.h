@@ -15,7 +15,8 @@ struct SurfaceRecord {
     bool AllNumbers = true; ///< with Kept off: no stroke so far was at a place that is none
 
     /// "line 0 0 10 0 #000000 1", "box ...", "circle x y r ...", "arc x y r 0 90 ..." (degrees), each with colour and
-    /// width of the pen, then " dashed", " inverting"; "fill 0 0 10 5 #ffffff"; "pixel 3 4 #00ff00";
+    /// width of the pen, then " dashed", " inverting"; "fill 0 0 10 5 #ffffff"; "flood 3 4 #ffffff to
+    /// #000000"; "pixel 3 4 #00ff00";
     /// "text 1 2 'abc' #000000"; "clear", "scale left top width height", "font 15", "font 15 bold", "bitmap 120 155",
     /// "cross pointer", "normal pointer".
     std::vector<std::string> Strokes;
