@@ -8,7 +8,7 @@ cd "$(dirname "$0")"
 
 ./setup.sh
 cmake --preset release >/dev/null
-cmake --build --preset release --target korvanta korvanta-batch
+cmake --build --preset release --target korvanta korvanta-batch drawings
 
 # The program folder of a station: the program with its texts, tables and sample drawings around it. What a run changed
 # there stays.
@@ -16,7 +16,8 @@ station=build/station
 root=$PWD
 mkdir -p "$station"
 cp -rn station/. "$station/"
-cp -f build/release/bin/korvanta build/release/bin/korvanta-batch build/release/bin/korvanta-painter.so "$station/"
+cp -f build/release/bin/korvanta build/release/bin/korvanta-batch build/release/bin/korvanta-painter.so \
+    build/release/Korvanta.DBG "$station/"
 
 if [ $# -gt 0 ]; then
     cd "$caller"

@@ -12,7 +12,7 @@ mkdir -p "$target"
 
 ./setup.sh
 cmake --preset release >/dev/null
-cmake --build --preset release --target korvanta
+cmake --build --preset release --target korvanta drawings
 
 work=$(mktemp -d)
 display_pid=
@@ -81,7 +81,7 @@ for size in "${sizes[@]}"; do
         name=${language#*:}
         station=$work/station-$size-$name
         cp -r station "$station"
-        cp build/release/bin/korvanta "$station/"
+        cp build/release/bin/korvanta build/release/Korvanta.DBG "$station/"
         sed -i -e "s/^SCREEN_RES=.*/SCREEN_RES=$resolution/" -e "s/^LANGUAGE=.*/LANGUAGE=${language%:*}/" \
             "$station/Korvanta.ini"
         XDG_RUNTIME_DIR=$work "$station/korvanta" &
