@@ -14,9 +14,9 @@
 
 namespace
 {
-constexpr int LogoMargin = 6;      ///< from the corner of the box
-constexpr int LogoWidthShare = 4;  ///< the logo takes at most this part of the box's width
-constexpr int LogoLines = 2;       ///< and at most so many lines of text in height
+constexpr int LogoMargin = 6;     ///< from the corner of the box
+constexpr int LogoWidthShare = 4; ///< the logo takes at most this part of the box's width
+constexpr int LogoLines = 2;      ///< and at most so many lines of text in height
 constexpr const char* PreviewFolder = "DATA\\";
 
 bool FindPicture(const QWidget* control, Picture& picture)
@@ -63,7 +63,6 @@ void PaintLogo(QPainter& painter, const QRect& box)
                                        Qt::SmoothTransformation);
     painter.drawPixmap(QRectF(QPointF(LogoMargin, LogoMargin), size), fitted, QRectF(fitted.rect()));
 }
-
 
 void PaintPicture(QWidget* control, Picture picture)
 {
