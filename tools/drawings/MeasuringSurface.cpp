@@ -95,6 +95,8 @@ void SurfaceBox(Picture, float, float, float, float) {}
 
 void SurfaceFillBox(Picture, float, float, float, float, std::uint32_t) {}
 
+void SurfacePixel(Picture, float, float, std::uint32_t) {}
+
 void SurfaceFloodFill(Picture, float, float, std::uint32_t, std::uint32_t) {}
 
 void SurfaceCircle(Picture picture, float centreX, float centreY, float radius)
