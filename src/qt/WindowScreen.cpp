@@ -19,7 +19,7 @@
 
 namespace
 {
-constexpr double ProgressSeconds = 0.04; ///< between two movements of the progress bar
+constexpr double ProgressSeconds = 0.025; ///< between two movements of the progress bar
 
 template <std::size_t Count>
 QLineEdit* FindEdit(const std::array<FieldRow, Count>& rows, const std::array<ValueField, Count>& fields,
@@ -196,8 +196,8 @@ void ShowProgress(std::int32_t range)
     Window.Progress->setValue(0);
     Window.Progress->show();
     Window.Progress->raise();
+    Window.Progress->repaint();
     Window.ProgressSeen = ClockSeconds();
-    Yield();
 }
 
 /// The window lives from one movement of the bar to the next, and no more often than an eye can see: the program is the
