@@ -108,9 +108,10 @@ TEST_F(MakeDrawings, ALetterOverTheOutline)
 
 TEST_F(MakeDrawings, ALetterOverADimensionLine)
 {
-    Change("rectangular", "shape R-13 A=200 B=260\nA: from (0, 0) to (0, A), left",
-           "shape R-13 A=200 B=260\nA: from (0, 0) to (0, A), left, letter -105");
-    ExpectRefused("R-13: 'A' lies over a dimension line");
+    Change("rectangular",
+           "R: from (B-R, A-R) to (B-R+q*R, A-R+q*R), straight\nC: from (0, 0) to (D, C), left\n",
+           "R: from (B-R, A-R) to (B-R+q*R, A-R+q*R), straight\nC: from (0, 0) to (D, C), left 1.7\n");
+    ExpectRefused("R-02: 'C' lies over a dimension line");
 }
 
 TEST_F(MakeDrawings, AShapeWithoutADrawing)

@@ -69,9 +69,9 @@ TEST(DrawingSheet, DISABLED_Paint)
     for (std::size_t first = 0; first < rows.size(); first += 9) {
         const auto part = rows.subspan(first, std::min<std::size_t>(9, rows.size() - first));
         const QString name = QString("%1/%2-").arg(folder).arg(first, 2, 10, QChar('0'));
-        PaintSheet(name + "640x480.png", part, 3, QSize(468, 385), false);
-        PaintSheet(name + "640x480-marked.png", part, 3, QSize(468, 385), true);
-        PaintSheet(name + "1024x768.png", part, 3, QSize(770, 620), true);
+        PaintSheet(name + "640x480.png", part, 3, QSize(453, 403), false);
+        PaintSheet(name + "640x480-marked.png", part, 3, QSize(453, 403), true);
+        PaintSheet(name + "1024x768.png", part, 3, QSize(737, 662), true);
     }
     ResizeSurface(Picture::Param, QSize(), 1.0);
 }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <set>
 
 namespace
@@ -17,8 +18,13 @@ struct BoxSize {
     std::int32_t Height;
 };
 
-/// Of PicParam in windows of 640x480, 800x600, 1024x768 and 1920x1080.
-constexpr BoxSize BoxSizes[] = {{468, 385}, {590, 490}, {770, 620}, {1650, 880}};
+/// Of PicParam in windows of 640x480, 800x600, 1024x768 and 1920x1080, and beside captions that are words.
+constexpr BoxSize UsualSizes[] = {{453, 403}, {570, 510}, {737, 662}, {1650, 890}};
+constexpr BoxSize WordySizes[] = {{372, 403}, {470, 510}, {600, 662}, {1400, 890}};
+
+/// The station's logo, in the upper left corner.
+constexpr double LogoWidth = 0.27;  ///< of the box's width
+constexpr double LogoHeight = 0.10; ///< of its height
 
 constexpr double Clearance = 1.0; ///< pixels that a letter keeps from all else
 
@@ -63,11 +69,21 @@ void CheckTexts(std::set<std::string>& faults)
                                                                      : " lies over a dimension line"));
             }
         }
+        if (texts[i].Left < LogoWidth * Measured.Width && texts[i].Top < LogoHeight * Measured.Height) {
+            faults.insert(name + " lies over the logo");
+        }
         if (texts[i].Left < 0 || texts[i].Top < 0 || texts[i].Right > Measured.Width ||
             texts[i].Bottom > Measured.Height) {
             faults.insert(name + " leaves the picture");
         }
     }
+}
+
+bool CaptionsAreWords(const ShapeRow& row)
+{
+    return std::any_of(std::begin(row.Parameters), std::end(row.Parameters), [](const ShapeParameterRow& p) {
+        return p.Letter != nullptr && (p.Letter == TailLetter || p.Letter == SwapLetter);
+    });
 }
 } // namespace
 
@@ -84,7 +100,8 @@ std::vector<std::string> FaultsOf(std::int16_t shapeId, const std::vector<Pictur
         item.ItemColor = ColourCgaLightBlue;
     }
     std::set<std::string> faults;
-    for (const BoxSize& size : BoxSizes) {
+    const bool words = row != nullptr && CaptionsAreWords(*row);
+    for (const BoxSize& size : words ? WordySizes : UsualSizes) {
         Measured = MeasuredPicture();
         Measured.Width = size.Width;
         Measured.Height = size.Height;

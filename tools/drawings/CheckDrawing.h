@@ -8,5 +8,5 @@
 #include <vector>
 
 /// What is wrong with the drawing of a shape, each thing once: a letter over a letter, over the outline, over a dimension
-/// line, or out of the picture.
+/// line, over the logo, or out of the picture.
 std::vector<std::string> FaultsOf(std::int16_t shapeId, const std::vector<PictureItem>& items);
