@@ -90,6 +90,8 @@ void ClearPart()
     AppState.ProfileCount = 0;
     AppState.CurrentProfile = 0;
     AppState.TotalCutLength = 0.0;
+    AppState.MinX = AppState.MaxX = 0.0; // a part that stays empty has no size, not that of the part before
+    AppState.MinY = AppState.MaxY = 0.0;
     AppState.PathOriginSet = FlagOff;
     AppState.PathCursorDistance = NoValue;
     AppState.PathCursorProfile = 0;

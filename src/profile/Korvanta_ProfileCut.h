@@ -20,9 +20,8 @@ void AddElement(const std::int16_t& kind, const double& startX, const double& st
 /// false after ClearPart; NormaliseImport asks for the end marks. Whoever doesn't ask gets the fault.
 bool WouldPassElementLimit(std::int32_t more);
 
-/// Empties element, shadow and mark tables, the profile table, counts, the current profile and the path cursor;
-/// MoveStep becomes 10.0,
-/// and the flags that a shape set on its part are cleared. The start of every development and import.
+/// Empties element, shadow and mark tables, the profile table, counts, the box, the current profile and the path cursor;
+/// MoveStep becomes 10.0, and the flags that a shape set on its part are cleared. The start of every development and import.
 void ClearPart();
 
 // --- ordering (see docs/architecture.md, "From elements to profiles") ------------------------------------

@@ -103,7 +103,11 @@ TEST(ClearPart, LeavesWhatAnEmptyStationHas)
     AppState.PathCursorDistance = 5.0;
     AppState.PathCursorProfile = 1;
     AppState.MoveStep = 3.0;
+    ComputeBounds();
+    EXPECT_EQ(AppState.MaxX, 10.0);
     ClearPart();
+    EXPECT_EQ(AppState.MaxX, 0.0);
+    EXPECT_EQ(AppState.MaxY, 0.0);
     EXPECT_EQ(AppState.ElementTable.size(), 1U);
     EXPECT_EQ(AppState.ShadowElements.size(), 1U);
     EXPECT_EQ(AppState.MarkPoints.size(), 1U);

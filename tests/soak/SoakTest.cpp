@@ -59,6 +59,15 @@ TEST(SoakFound, AFieldThatIsClampedOnTheWayToTheParametersIsLeft)
               "");
 }
 
+TEST(SoakFound, AnEmptyJobBehindARefusedShapeHasNoSize)
+{
+    SoakEvent huge = Type("");
+    huge.Text.assign(5000, '9');
+    EXPECT_EQ(Replay({OnTab(TabRect), Press(KeyF10), huge, Press(KeyF10), Press(KeyF1), OnTab(TabPrograms),
+                      Press(KeyF10)}),
+              "");
+}
+
 TEST(SoakFound, AKeyBackToTheNestWhileTheBoxClosesIsTheLastWord)
 {
     const SoakEvent back = {SoakDo::Key, KeyF10, 0, "", SoakAnswer::Cancel, KeyF9};
