@@ -183,7 +183,7 @@ std::string FailureOf(int status, std::FILE* said)
     if (Told->Fault[0] != 0) {
         return IsToldFault(Told->Fault) ? "" : std::string("fault: ") + Told->Fault;
     }
-    if (WIFEXITED(status) && (WEXITSTATUS(status) == StatusPlayed || Told->Left)) {
+    if (WIFEXITED(status) && (WEXITSTATUS(status) == StatusPlayed || WEXITSTATUS(status) == 0)) {
         return "";
     }
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) {
@@ -220,7 +220,7 @@ SoakOutcome RunSoakSession(const SoakBody& body, const SoakSession& session)
     SoakOutcome outcome;
     outcome.Failure = FailureOf(status, said);
     outcome.Fault = Told->Fault;
-    outcome.Left = Told->Left;
+    outcome.Left = Told->Left || (WIFEXITED(status) && WEXITSTATUS(status) == 0); // a window ends by itself
     outcome.Events = Told->Events;
     outcome.Programs = Told->Programs;
     std::copy(std::begin(Told->Screens), std::end(Told->Screens), outcome.Screens);
