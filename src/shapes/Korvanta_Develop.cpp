@@ -9,6 +9,7 @@
 #include "state/AppState.h"
 
 #include <cmath>
+#include <limits>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -67,25 +68,30 @@ void PickWorkingSenses()
     AppState.WorkInternalSense = hole ? AppState.ExternalPathSense : AppState.InternalPathSense;
 }
 
-bool IsFinite(const ProfileElement& element)
+/// Beyond it there is neither a sheet nor a decimal, and areas and views would pass the largest number.
+constexpr double LargestCoordinate = 1e15;
+
+bool IsUsable(const ProfileElement& element)
 {
     const double values[] = {element.GeoA,   element.GeoB, element.GeoC, element.StartX,
                              element.StartY, element.EndX, element.EndY, element.Length};
+    const double limit =
+        IsEndMark(element.Kind) ? std::numeric_limits<double>::max() : LargestCoordinate; // an area
     for (const double value : values) {
-        if (!std::isfinite(value)) {
+        if (!(std::fabs(value) <= limit)) { // NaN fails too
             return false;
         }
     }
     return true;
 }
 
-/// Builders leave some divisions unguarded: what comes out of them must not reach a program.
+/// Builders leave some divisions unguarded, and no length has an upper limit: what comes out of them must not reach a program.
 bool TablesAreSound()
 {
     bool elementsSeen = false;
     for (std::int32_t i = 1; i <= AppState.ElementCount; ++i) {
         const ProfileElement& element = AppState.ElementTable[static_cast<std::size_t>(i)];
-        if (!IsFinite(element)) {
+        if (!IsUsable(element)) {
             return false;
         }
         if (IsEndMark(element.Kind) && !elementsSeen) {

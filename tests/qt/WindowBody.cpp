@@ -8,6 +8,7 @@
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 #include "support/SoakChecks.h"
+#include "support/SoakStation.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -52,7 +53,9 @@ void AnswerDialog(QWidget* dialog)
     if (DialogKeys >= EnoughKeys) {
         QTest::keyClick(dialog, Qt::Key_F10);
     } else {
-        QTest::keyClick(target, DialogKeys % 3 == 0 ? Qt::Key_Return : DialogKeys % 3 == 1 ? Qt::Key_7 : Qt::Key_Down);
+        QTest::keyClick(target, DialogKeys % 3 == 0   ? Qt::Key_Return
+                                : DialogKeys % 3 == 1 ? Qt::Key_7
+                                                      : Qt::Key_Down);
     }
 }
 
@@ -118,11 +121,20 @@ struct KeyRow {
 };
 
 constexpr KeyRow KeyRows[] = {
-    {KeyEnter, Qt::Key_Return, Qt::NoModifier},     {KeyEsc, Qt::Key_Escape, Qt::NoModifier},
-    {KeySpace, Qt::Key_Space, Qt::NoModifier},      {KeyLeft, Qt::Key_Left, Qt::NoModifier},
-    {KeyUp, Qt::Key_Up, Qt::NoModifier},            {KeyRight, Qt::Key_Right, Qt::NoModifier},
-    {KeyDown, Qt::Key_Down, Qt::NoModifier},        {KeyDelete, Qt::Key_Delete, Qt::NoModifier},
-    {KeyPad3, Qt::Key_PageDown, Qt::KeypadModifier}, {KeyPad9, Qt::Key_PageUp, Qt::KeypadModifier},
+    {KeyEnter, Qt::Key_Return, Qt::NoModifier},
+    {KeyEsc, Qt::Key_Escape, Qt::NoModifier},
+    {KeySpace, Qt::Key_Space, Qt::NoModifier},
+    {KeyLeft, Qt::Key_Left, Qt::NoModifier},
+    {KeyUp, Qt::Key_Up, Qt::NoModifier},
+    {KeyRight, Qt::Key_Right, Qt::NoModifier},
+    {KeyDown, Qt::Key_Down, Qt::NoModifier},
+    {KeyDelete, Qt::Key_Delete, Qt::NoModifier},
+    {8, Qt::Key_Backspace, Qt::NoModifier},
+    {9, Qt::Key_Tab, Qt::NoModifier},
+    {35, Qt::Key_End, Qt::NoModifier},
+    {36, Qt::Key_Home, Qt::NoModifier},
+    {KeyPad3, Qt::Key_PageDown, Qt::KeypadModifier},
+    {KeyPad9, Qt::Key_PageUp, Qt::KeypadModifier},
 };
 
 void PressKey(std::int16_t code, std::int32_t shift)
@@ -158,7 +170,8 @@ void UseList(const SoakEvent& event)
         return;
     }
     if (event.Do == SoakDo::ListMove) {
-        constexpr Qt::Key Moves[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End};
+        constexpr Qt::Key Moves[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,
+                                     Qt::Key_Down, Qt::Key_Home,  Qt::Key_End};
         if (list->hasFocus() || Window.Focus == list) {
             QTest::keyClick(list, Moves[static_cast<std::size_t>(event.A) % std::size(Moves)]);
         }
@@ -268,6 +281,12 @@ void RunEvent(const SoakEvent& event)
         QApplication::sendEvent(Window.Main, &activate);
         break;
     }
+    case SoakDo::Resize:
+        Window.Main->resize(8 * event.A + 1, 6 * event.B + 1);
+        break;
+    case SoakDo::Files:
+        DisturbFiles(event.A);
+        break;
     case SoakDo::MouseDown:
     case SoakDo::MouseMove:
     case SoakDo::MouseUp:
@@ -315,8 +334,8 @@ std::string BrokenTexts(const std::array<FieldRow, Count>& rows, const std::arra
 {
     for (std::size_t i = 0; i < Count; ++i) {
         if (rows[i].Edit->text() != FromText(fields[i].Text)) {
-            return rows[i].Edit->objectName().toStdString() + " shows \"" + rows[i].Edit->text().toStdString() +
-                   "\", its record holds \"" + fields[i].Text + "\"";
+            return rows[i].Edit->objectName().toStdString() + " shows \"" +
+                   rows[i].Edit->text().toStdString() + "\", its record holds \"" + fields[i].Text + "\"";
         }
     }
     return "";
@@ -379,7 +398,8 @@ std::string BrokenShownList()
 
 std::string BrokenTabs()
 {
-    return Window.InputTabs->currentIndex() != AppState.InputTab || Window.CamTabs->currentIndex() != AppState.CamTab
+    return Window.InputTabs->currentIndex() != AppState.InputTab ||
+                   Window.CamTabs->currentIndex() != AppState.CamTab
                ? "a tab strip differs from its record"
                : "";
 }
@@ -394,9 +414,9 @@ std::string BrokenFileName()
 
 std::string BrokenFieldTexts()
 {
-    for (std::string broken : {BrokenTexts(Window.Params, AppState.ParamText),
-                               BrokenTexts(Window.Cutting, AppState.TextCutting),
-                               BrokenTexts(Window.Nesting, AppState.TextNesting), BrokenFileName()}) {
+    for (std::string broken :
+         {BrokenTexts(Window.Params, AppState.ParamText), BrokenTexts(Window.Cutting, AppState.TextCutting),
+          BrokenTexts(Window.Nesting, AppState.TextNesting), BrokenFileName()}) {
         if (!broken.empty()) {
             return broken;
         }
@@ -439,8 +459,8 @@ void Play(const SoakEvent& event)
 
 std::string Broken()
 {
-    for (std::string (*check)() : {BrokenRule, BrokenWindowFocus, BrokenPanels, BrokenTabs, BrokenShownList,
-                                   BrokenFieldTexts}) {
+    for (std::string (*check)() :
+         {BrokenRule, BrokenWindowFocus, BrokenPanels, BrokenTabs, BrokenShownList, BrokenFieldTexts}) {
         std::string broken = check();
         if (!broken.empty()) {
             return broken;

@@ -14,6 +14,7 @@
 #include "support/RecordingScreen.h"
 #include "support/RecordingSurface.h"
 #include "support/SoakChecks.h"
+#include "support/SoakStation.h"
 
 #include <algorithm>
 
@@ -273,6 +274,12 @@ void RunEvent(const SoakEvent& event)
         break;
     case SoakDo::Activate:
         WindowActivated();
+        break;
+    case SoakDo::Resize:
+        Screen.Metrics = {6 * event.A, 4 * event.B, 50, 20};
+        break;
+    case SoakDo::Files:
+        DisturbFiles(event.A);
         break;
     case SoakDo::MouseDown:
     case SoakDo::MouseMove:

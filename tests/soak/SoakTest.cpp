@@ -68,6 +68,13 @@ TEST(SoakFound, AnEmptyJobBehindARefusedShapeHasNoSize)
               "");
 }
 
+TEST(SoakFound, AHeightBeyondAllSheetsIsRefused)
+{
+    EXPECT_EQ(Replay({OnTab(TabRect), Press(KeyF3), Press(KeyF10), Press(KeyEnter), Press(KeyEnter),
+                      Press(KeyEnter), Type("1e999"), Press(KeyF10)}),
+              "");
+}
+
 TEST(SoakFound, AKeyBackToTheNestWhileTheBoxClosesIsTheLastWord)
 {
     const SoakEvent back = {SoakDo::Key, KeyF10, 0, "", SoakAnswer::Cancel, KeyF9};

@@ -41,7 +41,7 @@ template <std::size_t Count> std::int32_t Pick(Random& random, const std::array<
     return rows.front().Value;
 }
 
-constexpr std::array<Weighted, 13> Deeds = {{
+constexpr std::array<Weighted, 15> Deeds = {{
     {static_cast<std::int32_t>(SoakDo::Key), 55},
     {static_cast<std::int32_t>(SoakDo::Button), 10},
     {static_cast<std::int32_t>(SoakDo::InputTab), 2},
@@ -55,14 +55,22 @@ constexpr std::array<Weighted, 13> Deeds = {{
     {static_cast<std::int32_t>(SoakDo::MouseMove), 1},
     {static_cast<std::int32_t>(SoakDo::MouseUp), 1},
     {static_cast<std::int32_t>(SoakDo::Activate), 1},
+    {static_cast<std::int32_t>(SoakDo::Resize), 1},
+    {static_cast<std::int32_t>(SoakDo::Files), 1},
 }};
 
+/// Keys that only the window's own controls know.
+constexpr std::int16_t KeyBackspace = 8;
+constexpr std::int16_t KeyTab = 9;
+constexpr std::int16_t KeyEnd = 35;
+constexpr std::int16_t KeyHome = 36;
+
 /// The way forward more often than the way back, so that the screens behind the first one get their share.
-constexpr std::array<Weighted, 22> Keys = {{
-    {KeyEnter, 14}, {KeyEsc, 1},    {KeySpace, 2}, {KeyLeft, 3}, {KeyUp, 6},   {KeyRight, 3},
-    {KeyDown, 8},   {KeyDelete, 1}, {KeyD, 1},     {KeyPad3, 2}, {KeyPad9, 2}, {KeyF1, 3},
-    {KeyF2, 5},     {KeyF3, 9},     {KeyF4, 8},    {KeyF5, 7},   {KeyF6, 6},   {KeyF7, 4},
-    {KeyF8, 5},     {KeyF9, 5},     {KeyF10, 16},  {65, 1},
+constexpr std::array<Weighted, 26> Keys = {{
+    {KeyEnter, 14}, {KeyEsc, 1}, {KeySpace, 2},     {KeyLeft, 3}, {KeyUp, 6},  {KeyRight, 3}, {KeyDown, 8},
+    {KeyDelete, 1}, {KeyD, 1},   {KeyPad3, 2},      {KeyPad9, 2}, {KeyF1, 3},  {KeyF2, 5},    {KeyF3, 9},
+    {KeyF4, 8},     {KeyF5, 7},  {KeyF6, 6},        {KeyF7, 4},   {KeyF8, 5},  {KeyF9, 5},    {KeyF10, 16},
+    {65, 1},        {KeyTab, 2}, {KeyBackspace, 1}, {KeyHome, 1}, {KeyEnd, 1},
 }};
 
 constexpr const char* Texts[] = {
@@ -236,7 +244,7 @@ void SaveShape(std::vector<SoakEvent>& events, int steps, const char* name)
 
 const char* const DoNames[] = {"Key",       "Button",     "InputTab", "CamTab", "ListClick",
                                "ListMove",  "ListDouble", "Field",    "Type",   "MouseDown",
-                               "MouseMove", "MouseUp",    "Activate"};
+                               "MouseMove", "MouseUp",    "Activate", "Resize", "Files"};
 const char* const AnswerNames[] = {"Cancel", "OkButStay", "Ok"};
 
 std::string Literal(const std::string& text)

@@ -20,6 +20,8 @@ enum class SoakDo : std::int16_t {
     MouseMove,
     MouseUp,
     Activate, ///< the window becomes the active one
+    Resize,   ///< A, B: the window's size in hundredths of a usual one
+    Files,    ///< A: somebody else changes the files of the station, see DisturbFiles
 };
 
 /// How a box is answered that comes up meanwhile.
