@@ -1,9 +1,11 @@
 #include "qt/FloodFill.h"
 
 #include <QColor>
+#include <QPoint>
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 namespace
@@ -45,6 +47,67 @@ QRgb MixOf(QRgb under, QRgb over, double share)
     return qRgb(mixed(qRed(under), qRed(over)), mixed(qGreen(under), qGreen(over)),
                 mixed(qBlue(under), qBlue(over)));
 }
+
+/// A fill under way. Rows of an RGB32 image have no gaps.
+struct FillRun {
+    int Width;
+    int Height;
+    QRgb* Pixels;
+    FillColours Colours;
+    std::vector<char> Seen;
+    std::vector<QPoint> Open; ///< places from which rows are still to be filled
+};
+
+/// Colours a pixel unless it was met before. True when the area goes on there.
+bool MeetPixel(FillRun& run, int x, int y)
+{
+    const auto cell =
+        static_cast<std::size_t>(y) * static_cast<std::size_t>(run.Width) + static_cast<std::size_t>(x);
+    if (run.Seen[cell] != 0) {
+        return false;
+    }
+    run.Seen[cell] = 1;
+    QRgb& pixel = run.Pixels[cell];
+    if (pixel == run.Colours.Ground) {
+        pixel = run.Colours.Fill;
+        return true;
+    }
+    const double share = BorderShare(pixel, run.Colours);
+    pixel = MixOf(run.Colours.Fill, run.Colours.Border, share);
+    return share < HalfCovered;
+}
+
+/// Fills the row of a place to both sides; the rows above and below go on from each of its pixels that isn't met yet, from
+/// the first of those that lie side by side.
+void FillRow(FillRun& run, QPoint place)
+{
+    const int y = place.y();
+    if (!MeetPixel(run, place.x(), y)) {
+        return;
+    }
+    int left = place.x();
+    int right = place.x();
+    while (left > 0 && MeetPixel(run, left - 1, y)) {
+        --left;
+    }
+    while (right + 1 < run.Width && MeetPixel(run, right + 1, y)) {
+        ++right;
+    }
+    for (const int next : {y - 1, y + 1}) {
+        if (next < 0 || next >= run.Height) {
+            continue;
+        }
+        const char* seen = run.Seen.data() + static_cast<std::ptrdiff_t>(next) * run.Width;
+        for (int x = left; x <= right; ++x) {
+            const bool sideBySide =
+                x > left && seen[x - 1] == 0 &&
+                run.Pixels[static_cast<std::ptrdiff_t>(next) * run.Width + x - 1] == run.Colours.Ground;
+            if (seen[x] == 0 && !sideBySide) {
+                run.Open.emplace_back(x, next);
+            }
+        }
+    }
+}
 } // namespace
 
 void FloodFill(QImage& image, int x, int y, std::uint32_t rgb, std::uint32_t border)
@@ -53,33 +116,12 @@ void FloodFill(QImage& image, int x, int y, std::uint32_t rgb, std::uint32_t bor
         return;
     }
     const FillColours colours{image.pixel(x, y), 0xFF000000U | rgb, 0xFF000000U | border};
-    const int width = image.width();
-    const int height = image.height();
-    auto* pixels = reinterpret_cast<QRgb*>(image.bits()); // rows of RGB32 have no gaps
-    std::vector<bool> seen(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    std::vector<std::int32_t> open;
-    const auto meet = [&](int column, int row) {
-        const std::int32_t cell = row * width + column;
-        if (column < 0 || column >= width || row < 0 || row >= height ||
-            seen[static_cast<std::size_t>(cell)]) {
-            return;
-        }
-        seen[static_cast<std::size_t>(cell)] = true;
-        const double share = BorderShare(pixels[cell], colours);
-        pixels[cell] = MixOf(colours.Fill, colours.Border, share);
-        if (share < HalfCovered) {
-            open.push_back(cell);
-        }
-    };
-    meet(x, y);
-    while (!open.empty()) {
-        const std::int32_t cell = open.back();
-        open.pop_back();
-        const int column = cell % width;
-        const int row = cell / width;
-        meet(column - 1, row);
-        meet(column + 1, row);
-        meet(column, row - 1);
-        meet(column, row + 1);
+    FillRun run{image.width(), image.height(), reinterpret_cast<QRgb*>(image.bits()), colours, {}, {}};
+    run.Seen.resize(static_cast<std::size_t>(run.Width) * static_cast<std::size_t>(run.Height));
+    run.Open.push_back({x, y});
+    while (!run.Open.empty()) {
+        const QPoint place = run.Open.back();
+        run.Open.pop_back();
+        FillRow(run, place);
     }
 }
