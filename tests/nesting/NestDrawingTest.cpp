@@ -1,6 +1,7 @@
 // The picture of a nest against the plain way to draw it: each copy on its own, element by element, its marker set
 // anew and its leads found anew. Same strokes, same pens, same order.
 #include "nesting/Korvanta_CutTecnology.h"
+#include "nesting/NestNumbers.h"
 
 #include "config/Korvanta_Configuration.h"
 #include "profile/Drawing.h"
@@ -205,5 +206,19 @@ TEST(NestDrawing, EqualsThePlainDrawing)
     }
     EXPECT_GT(many, 100U);
     EXPECT_GT(strokes, 20000U);
+}
+TEST(CopiesToDraw, EndsThePictureOfCopiesThatLieOnEachOther)
+{
+    StartCase();
+    AppState.ElementCount = 40;
+    AppState.UnitsPerPixelX = 0.5;
+    AppState.TotalCutLength = 20.0;
+    EXPECT_EQ(CopiesToDraw(), 200000) << "small ones beside each other";
+    AppState.TotalCutLength = 25000.0; // 50000 pixels each
+    EXPECT_EQ(CopiesToDraw(), 800);
+    AppState.TotalCutLength = 1e15; // each line across the picture: 80000 pixels
+    EXPECT_EQ(CopiesToDraw(), 500);
+    AppState.ElementCount = MaxElements;
+    EXPECT_EQ(CopiesToDraw(), 100);
 }
 } // namespace

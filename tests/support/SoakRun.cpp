@@ -31,7 +31,10 @@ static int __lsan_do_recoverable_leak_check() // NOLINT: the sanitizer's own nam
 
 namespace
 {
-constexpr unsigned SessionSeconds = 20; ///< a session beyond it hangs
+constexpr unsigned SessionSeconds = 120; ///< a session beyond it hangs
+constexpr unsigned ReplaySeconds = 20;   ///< the same while a hanging one is shrunk
+constexpr int MostHangs = 25;
+constexpr const char* Hangs = "hangs";
 constexpr int MostFailures = 3;
 constexpr int MostReplays = 1500;
 constexpr std::size_t LongestText = 500;
@@ -48,6 +51,7 @@ struct Shared {
 };
 
 Shared* Told = nullptr;
+unsigned Limit = SessionSeconds; ///< of the sessions to come
 
 void Tell(char (&place)[LongestText + 1], const std::string& text)
 {
@@ -107,7 +111,7 @@ void PlayEvents(const SoakBody& body, const SoakSession& session)
 
 [[noreturn]] void RunChild(const SoakBody& body, const SoakSession& session, const std::string& folder)
 {
-    alarm(SessionSeconds);
+    alarm(Limit);
     try {
         body.Start(folder, session.Settings);
         Tell(Told->Failure, body.Broken());
@@ -145,7 +149,7 @@ std::string FailureOf(int status, std::FILE* said)
         return "";
     }
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) {
-        return "hangs";
+        return Hangs;
     }
     return "died with status " + std::to_string(status) + ": " + SaidBefore(said);
 }
@@ -213,9 +217,12 @@ SoakSession Without(const SoakSession& session, std::size_t first, std::size_t c
 SoakSession ShrinkSoakSession(const SoakBody& body, const SoakSession& session, const std::string& failure)
 {
     const std::string kind = KindOf(failure);
+    const bool hangs = failure == Hangs;
+    Limit = hangs ? ReplaySeconds : SessionSeconds;
     int replays = 0;
     const auto fails = [&](const SoakSession& candidate) {
-        return ++replays <= MostReplays && KindOf(RunSoakSession(body, candidate).Failure) == kind;
+        return ++replays <= (hangs ? MostHangs : MostReplays) &&
+               KindOf(RunSoakSession(body, candidate).Failure) == kind;
     };
     SoakSession least = session;
     for (std::size_t chunk = (least.Events.size() + 1) / 2; chunk > 0;) {
@@ -238,6 +245,7 @@ SoakSession ShrinkSoakSession(const SoakBody& body, const SoakSession& session, 
             event.AtYield = key;
         }
     }
+    Limit = SessionSeconds;
     return least;
 }
 
