@@ -6,12 +6,14 @@
 
 namespace
 {
-constexpr std::size_t JobBufferSize = 50; // 49 characters and their end
+constexpr std::size_t LongestValue = 49;                 // characters
+constexpr std::size_t BufferSize = 4 * LongestValue + 1; // each of up to four bytes, and an end
 } // namespace
 
 std::string ReadJobKey(const std::string& file, const std::string& section, const std::string& key,
                        const std::string& defaultValue)
 {
-    return ZeroTerminated(
-        ReadProfileString(AppState.NestingPath + file, section, key, defaultValue, JobBufferSize));
+    const std::string value =
+        ReadProfileString(AppState.NestingPath + file, section, key, defaultValue, BufferSize);
+    return ZeroTerminated(FirstCharacters(value, LongestValue));
 }

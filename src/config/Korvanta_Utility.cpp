@@ -261,21 +261,6 @@ void MakeLevel(const std::string& folder)
     }
 }
 constexpr std::size_t LongestTitle = 255;
-
-/// The first `count` characters of a UTF-8 text.
-std::string_view FirstCharacters(std::string_view text, std::size_t count)
-{
-    constexpr unsigned char FollowMask = 0xC0;
-    constexpr unsigned char Follow = 0x80; // bytes behind the first one of a character
-    std::size_t at = 0;
-    for (; at < text.size(); ++at) {
-        const bool starts = (static_cast<unsigned char>(text[at]) & FollowMask) != Follow;
-        if (starts && count-- == 0) {
-            break;
-        }
-    }
-    return text.substr(0, at);
-}
 } // namespace
 
 double TextToNumber(std::string_view text)
@@ -422,6 +407,20 @@ std::string LowerCase(std::string_view text)
 bool Contains(std::string_view text, std::string_view part)
 {
     return text.find(part) != std::string_view::npos;
+}
+
+std::string_view FirstCharacters(std::string_view text, std::size_t count)
+{
+    constexpr unsigned char FollowMask = 0xC0;
+    constexpr unsigned char Follow = 0x80; // bytes behind the first one of a character
+    std::size_t at = 0;
+    for (; at < text.size(); ++at) {
+        const bool starts = (static_cast<unsigned char>(text[at]) & FollowMask) != Follow;
+        if (starts && count-- == 0) {
+            break;
+        }
+    }
+    return text.substr(0, at);
 }
 
 std::string ZeroTerminated(std::string_view text)

@@ -45,6 +45,9 @@ std::string Trim(std::string_view text);
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
 
+/// The first `count` characters of a UTF-8 text.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
 /// True when `text` holds `part` (case counts).
 bool Contains(std::string_view text, std::string_view part);
 

@@ -158,6 +158,22 @@ TEST_F(JobText, LosesBlanksAtTheEndsAndWhatIsTooLong)
     EXPECT_EQ(AppState.SourceName, std::string(49, 'f'));
 }
 
+TEST_F(JobText, IsCutBetweenCharacters)
+{
+    std::string umlauts;
+    for (int i = 0; i < 48; ++i) {
+        umlauts += "\xC3\xA4";
+    }
+    AppState.SourceName = "x" + umlauts;
+    WriteAll("J.nst");
+    ReadAll("J.nst");
+    EXPECT_EQ(AppState.SourceName, "x" + umlauts) << "49 characters";
+    AppState.SourceName = "xy" + umlauts + "\xE6\x9D\xBF";
+    WriteAll("J.nst");
+    ReadAll("J.nst");
+    EXPECT_EQ(AppState.SourceName, "xy" + umlauts.substr(0, 94));
+}
+
 TEST_F(JobText, StaysInItsLines)
 {
     AppState.SourceName = "a\r\nVL=2.00\n[0002]";
