@@ -20,8 +20,7 @@ std::string PreviewPath(const std::string& baseName)
 void WriteJobPreview(const std::string& baseName)
 {
     MadeDataFolder();
-    // The parts on their sheet: captions and markers would fill a picture of this size.
-    DrawScene(Picture::Preview, FlagOn, FlagOff, FlagOff);
+    DrawNestPreview();
     std::string bytes;
     if (!SurfaceBitmap(Picture::Preview, AppState.Window.PreviewWidth, AppState.Window.PreviewHeight,
                        bytes)) {

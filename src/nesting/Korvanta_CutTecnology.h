@@ -69,7 +69,7 @@ void RedrawCurrent(std::int16_t width, Flag fit);
 void RedrawScene(Flag fit);
 
 /// The nest on the preview of the Input screen, fitted, without axes, markers and statistics: small as it is, only the
-/// copies on the sheet can be told.
+/// copies on the sheet can be told. The view stays that of the picture before.
 void DrawNestPreview();
 
 /// The part after a change of its table: bounds, the view fitted to it, and the scene with all that belongs to it.

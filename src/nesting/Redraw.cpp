@@ -25,6 +25,36 @@ bool HasStatistics()
     return AppState.ScreenState == ScreenCutting || ShowsNest();
 }
 
+/// The members of the view.
+struct PictureView {
+    double UnitsX;
+    double UnitsY;
+    double Left;
+    double Top;
+    double Width;
+    double Height;
+    double CentreX;
+    double CentreY;
+};
+
+PictureView CurrentView()
+{
+    return {AppState.UnitsPerPixelX, AppState.UnitsPerPixelY, AppState.ViewLeft,    AppState.ViewTop,
+            AppState.ViewWidth,      AppState.ViewHeight,     AppState.ViewCentreX, AppState.ViewCentreY};
+}
+
+void PutBack(const PictureView& view)
+{
+    AppState.UnitsPerPixelX = view.UnitsX;
+    AppState.UnitsPerPixelY = view.UnitsY;
+    AppState.ViewLeft = view.Left;
+    AppState.ViewTop = view.Top;
+    AppState.ViewWidth = view.Width;
+    AppState.ViewHeight = view.Height;
+    AppState.ViewCentreX = view.CentreX;
+    AppState.ViewCentreY = view.CentreY;
+}
+
 bool PartHasSize()
 {
     return !(AppState.PartSizeX < Tolerance && AppState.PartSizeY < Tolerance);
@@ -183,7 +213,9 @@ void DrawOriginMark(Picture picture)
 
 void DrawNestPreview()
 {
+    const PictureView nesting = CurrentView();
     DrawScene(Picture::Preview, FlagOn, FlagOff, FlagOff);
+    PutBack(nesting); // a program may tell its size
 }
 
 void RedrawCurrent(std::int16_t width, Flag fit)

@@ -1,6 +1,8 @@
 // The picture of a job, and the caption on the picture of a part.
 #include "jobfiles/JobFiles.h"
+#include "nesting/Korvanta_CutTecnology.h"
 #include "platform/Bitmap.h"
+#include "post/Korvanta_PostProcessor.h"
 #include "shell/InputLists.h"
 #include "shell/InputScreen.h"
 #include "shell/ValueFields.h"
@@ -12,6 +14,7 @@
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 namespace
 {
@@ -35,6 +38,23 @@ TEST_F(JobPreview, IsTheNestOnThePreview)
     EXPECT_THAT(strokes, Contains("fill 0 0 230 60 #ffffff")) << "the sheet";
     EXPECT_EQ(strokes.back(), "bitmap 90 70");
     EXPECT_EQ(Station.Read("NEST/DATA/JOB.bmp"), BitmapBytes(1, 1, Drawn.Pixel));
+}
+
+TEST_F(JobPreview, LeavesTheViewOfTheNestThatTheProgramTells)
+{
+    Station.Write("PPR.ini", "[MainProgram_BEGIN]\nLINE1=*SIZ\n");
+    Screen.PictureWidth = 1000;
+    Screen.PictureHeight = 500;
+    OpenPlate(2);
+    GenerateProgram("BEFORE");
+    EnterSaveMode();
+    Screen.PictureWidth = 120; // upright, as the preview is
+    Screen.PictureHeight = 155;
+    DrawNestPreview();
+    WriteJobPreview("JOB");
+    GenerateProgram("AFTER");
+    EXPECT_THAT(Station.Read("NC/BEFORE"), StartsWith("<SIZ:XYZ;-10;"));
+    EXPECT_EQ(Station.Read("NC/AFTER"), Station.Read("NC/BEFORE"));
 }
 
 TEST_F(JobPreview, IsShownByItsName)
