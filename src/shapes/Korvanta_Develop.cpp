@@ -106,13 +106,18 @@ bool TablesAreSound()
 bool BuildCurrentPart()
 {
     std::int16_t err = 0;
+    std::vector<ProfileRecord> records;
     if (AppState.ShapeId >= 1) {
+        records = AppState.ProfileTable;
         DevelopShape(err);
     } else {
         AppState.ShapeFlagTwin = FlagOff; // of the shape before
         SetPartFlags();
     }
     if (err != 0) {
+        if (AppState.KeepLeadData != FlagOff) {
+            AppState.ProfileTable = std::move(records); // for the next try: this one may have lost profiles
+        }
         bool confirmed = false;
         ShowBox(MessageText(MessageFailure), MessageText(MessageBadPart), "", false, confirmed);
         return false;

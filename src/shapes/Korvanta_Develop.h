@@ -11,7 +11,8 @@ using ShapeParameters = std::array<double, 21>;
 inline constexpr std::int16_t ErrBadShape = 1;
 
 /// The current part, ready to be cut. A shape is developed from its fields; a part that was imported (ShapeId 0) stands
-/// as it is; only the flags of a shape before it are cleared. False after the failure box.
+/// as it is; only the flags of a shape before it are cleared. False after the failure box; the lead data
+/// that were to be kept are there then.
 bool BuildCurrentPart();
 
 /// What the current shape means for senses, leads and compensation: for a part whose tables came from a file.

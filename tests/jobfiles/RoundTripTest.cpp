@@ -1,4 +1,5 @@
 // A job that is loaded and saved again: the same files, byte for byte, over random parts, fields, leads and nests.
+#include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "jobfiles/JobFiles.h"
 #include "nesting/Korvanta_CutTecnology.h"
@@ -304,6 +305,32 @@ TEST_F(RoundTrip, AShapeKeepsItsLeadsWhenItIsDevelopedAgain)
     EXPECT_EQ(AppState.ProfileTable[2].LeadInLength, 3.5);
     EXPECT_EQ(AppState.CurrentProfile, 1);
     EXPECT_EQ(AppState.TextCutting[FieldProfileNumber].Text, "1");
+}
+
+TEST_F(RoundTrip, AShapeKeepsItsLeadsThroughAFailedDevelopment)
+{
+    OpenShape(1004);
+    NextCamTab();
+    TypeCutting(FieldMoveStep, 4);
+    TypeCutting(FieldProfileNumber, 2);
+    TypeCutting(FieldLeadInA, 3.5);
+    MoveLead(1);
+    NextCamTab();
+    EnterSaveMode();
+    SetText(AppState.TextFileName, "S");
+    SaveCurrentJob();
+    StartAgain();
+    WriteConfig("Lead_CONFIG", "L_In", "10");
+    Open("S");
+    SetText(AppState.ParamText[0], "0"); // instead of 300
+    NextCamTab();
+    ASSERT_EQ(AppState.ScreenState, ScreenParameters) << "refused";
+    SetText(AppState.ParamText[0], "400");
+    NextCamTab();
+    ASSERT_EQ(AppState.ScreenState, ScreenCutting);
+    EXPECT_EQ(AppState.ProfileTable[2].LeadPosition, 14.0);
+    EXPECT_EQ(AppState.ProfileTable[2].LeadInLength, 3.5);
+    EXPECT_EQ(AppState.MoveStep, 4.0);
 }
 
 TEST_F(RoundTrip, AnImportComesBackWithItsFirstProfile)
