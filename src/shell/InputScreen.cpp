@@ -156,10 +156,12 @@ void DeleteJob(const std::string& name)
     if (!confirmed) {
         return;
     }
-    const std::string companion = AppState.NestingPath + "DATA\\" + baseName;
-    for (const std::string& path : {JobPath(baseName), companion + ".bmp", companion + ".drw",
-                                    AppState.NcPath + ProgramFileName(baseName)}) {
-        static_cast<void>(DeleteFileIfThere(path));
+    if (DeleteFileIfThere(JobPath(baseName))) { // a job that stays keeps what belongs to it
+        const std::string companion = AppState.NestingPath + "DATA\\" + baseName;
+        for (const std::string& path :
+             {companion + ".bmp", companion + ".drw", AppState.NcPath + ProgramFileName(baseName)}) {
+            static_cast<void>(DeleteFileIfThere(path));
+        }
     }
     FillJobList(AppState.TextFileName.Text);
 }

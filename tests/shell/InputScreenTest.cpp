@@ -10,7 +10,10 @@
 #include "shell/ValueFields.h"
 #include "support/Station.h"
 
+#include <filesystem>
 #include <gmock/gmock.h>
+#include <sys/mount.h>
+#include <unistd.h>
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -19,6 +22,8 @@ using testing::Not;
 
 namespace
 {
+namespace fs = std::filesystem;
+
 class InputScreen : public StationCase
 {
 protected:
@@ -297,6 +302,30 @@ TEST_F(InputScreen, DeletesAProgramWithoutExtension)
     Station.Write("NC/TOP", "");
     DeleteJob("TOP");
     EXPECT_FALSE(Station.Holds("NC/TOP"));
+}
+
+TEST_F(InputScreen, AJobThatCantBeDeletedKeepsItsCompanions)
+{
+    WriteJobs({"top"});
+    for (const char* name : {"NEST/DATA/top.bmp", "NEST/DATA/top.drw", "NC/top.nc"}) {
+        Station.Write(name, "");
+    }
+    const std::string job = Station.Path + "/NEST/top.nst";
+    const bool mayAll = ::geteuid() == 0; // the superuser is kept out by what is mounted only
+    if (mayAll && ::mount(job.c_str(), job.c_str(), nullptr, MS_BIND, nullptr) != 0) {
+        GTEST_SKIP() << "no right to mount";
+    }
+    fs::permissions(Station.Path + "/NEST", fs::perms::owner_read | fs::perms::owner_exec);
+    Screen.BoxAnswers = {true};
+    DeleteJob("TOP");
+    fs::permissions(Station.Path + "/NEST", fs::perms::owner_all);
+    if (mayAll) {
+        ::umount2(job.c_str(), MNT_DETACH);
+    }
+    for (const char* name : {"NEST/top.nst", "NEST/DATA/top.bmp", "NEST/DATA/top.drw", "NC/top.nc"}) {
+        EXPECT_TRUE(Station.Holds(name)) << name;
+    }
+    EXPECT_THAT(Texts(TabPrograms), ElementsAre("TOP"));
 }
 
 // --- the file-name field ------------------------------------------------------------------------------------
