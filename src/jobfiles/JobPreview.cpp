@@ -32,8 +32,8 @@ void WriteJobPreview(const std::string& baseName)
 
 void ShowJobPreview(Picture box, const std::string& name)
 {
-    const std::string baseName = BaseName(Trim(name), std::string(JobExtension));
-    if (box != Picture::Preview || baseName.empty()) {
+    const std::string baseName = BaseName(name, std::string(JobExtension));
+    if (box != Picture::Preview || Trim(baseName).empty()) {
         return;
     }
     AppState.PreviewNest = FlagOff;

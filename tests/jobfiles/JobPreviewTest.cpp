@@ -60,7 +60,9 @@ TEST_F(JobPreview, LeavesTheViewOfTheNestThatTheProgramTells)
 TEST_F(JobPreview, IsShownByItsName)
 {
     AppState.PreviewNest = FlagOn;
-    ShowJobPreview(Picture::Preview, " PLATE.NST ");
+    ShowJobPreview(Picture::Preview, " PLATE");
+    EXPECT_EQ(AppState.PreviewJob, " PLATE") << "a blank belongs to the name";
+    ShowJobPreview(Picture::Preview, "PLATE.NST");
     EXPECT_EQ(AppState.PreviewJob, "PLATE");
     EXPECT_EQ(AppState.PreviewNest, FlagOff);
     AppState.PreviewNest = FlagOn;
