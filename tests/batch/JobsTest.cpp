@@ -108,6 +108,9 @@ TEST(Jobs, KeepTheAnswers)
     EXPECT_EQ(program.substr(0, 9), "(12.5 N2)");
     ASSERT_EQ(station.Run({"A.nst", "--save", "A"}).Status, 0);
     EXPECT_EQ(station.Folder.Read("NC/A"), program);
+    ASSERT_EQ(station.Run({"A.nst", "--program", "P", "--save", "B"}).Status, 0);
+    EXPECT_EQ(station.Folder.Read("NC/P"), program);
+    EXPECT_EQ(station.Folder.Read("NC/B").substr(0, 7), "(10 O2)") << "the answers belong to the name";
 }
 
 TEST(Jobs, AreDeletedWithAllThatIsTheirs)
