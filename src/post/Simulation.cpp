@@ -34,11 +34,12 @@ constexpr double FrameSeconds = 1.0 / 60.0; ///< shorter pauses are gathered
 constexpr double LongestFrame = 2.0 / 60.0; ///< without a pause; a late machine is to show what it does, too
 constexpr double LongestDelay = 0.5;        ///< a question stood open: what is later isn't made up for
 
-/// Adds the time for a piece of way to the time that the head is due.
+/// Adds the time for a piece of way to the time that the head is due. A piece longer than a step is a jump.
 void Spend(double way)
 {
     if (AppState.SimStep > 0.0) {
-        AppState.SimDue += way / AppState.SimStep / (StepsAtLeast + StepsPerSpeed * AppState.SimSpeed);
+        const double steps = std::min(1.0, way / AppState.SimStep);
+        AppState.SimDue += steps / (StepsAtLeast + StepsPerSpeed * AppState.SimSpeed);
     }
 }
 
@@ -183,6 +184,20 @@ void SetPosition(double x, double y)
     AppState.SimY = y;
 }
 
+/// The trail of a move begins where the move does: what came before may have brought the head there unseen.
+void BeginTrail()
+{
+    AppState.SimPrevX = AppState.SimX;
+    AppState.SimPrevY = AppState.SimY;
+}
+
+/// The end of a move that isn't shown. A nest of many of them is to let keys in, too.
+void MoveUnseen(double x, double y)
+{
+    SetPosition(x, y);
+    KeepPace();
+}
+
 /// Steps that a way takes; 0 when it can't be stepped. A window that became another size has another view.
 double StepsOf(double way)
 {
@@ -226,8 +241,7 @@ void BeginHead()
     AppState.SimHeadShown = FlagOff;
     AppState.SimTextTouched = FlagOff;
     SetPosition(0.0, 0.0);
-    AppState.SimPrevX = 0.0;
-    AppState.SimPrevY = 0.0;
+    BeginTrail();
     LoadSimulationSettings();
     AppState.SimDue = AppState.SimSeen = ClockSeconds();
     AppState.SimRunning = FlagOn;
@@ -277,8 +291,7 @@ void DrawHead(HeadMode mode)
         AppState.SimDue =
             std::min(AppState.SimDue, ClockSeconds()); // nothing to be seen, nothing to wait for
     }
-    AppState.SimPrevX = AppState.SimX;
-    AppState.SimPrevY = AppState.SimY;
+    BeginTrail();
     KeepPace();
 }
 
@@ -288,9 +301,10 @@ void StepTo(HeadMode mode, double x, double y)
         return;
     }
     if (!LineTouchesView(AppState.SimX, AppState.SimY, x, y)) {
-        SetPosition(x, y);
+        MoveUnseen(x, y);
         return;
     }
+    BeginTrail();
     const double angle = angolo(y - AppState.SimY, x - AppState.SimX);
     const double way = dpp(AppState.SimX, AppState.SimY, x, y);
     const double alongX = std::cos(angle);
@@ -323,9 +337,10 @@ void ArcTo(double startX, double startY, double endX, double endY, double centre
     double bottom = 0.0;
     Quadra_Arco(startX, startY, endX, endY, centreX, centreY, radius, right, top, left, bottom);
     if (radius == 0.0 || !BoxTouchesView(left, bottom, right, top)) {
-        SetPosition(endX, endY);
+        MoveUnseen(endX, endY);
         return;
     }
+    BeginTrail();
     const std::int32_t direction = radius > 0.0 ? 1 : -1;
     const double size = std::fabs(radius);
     const double start = angolo(startY - centreY, startX - centreX);

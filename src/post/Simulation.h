@@ -18,7 +18,8 @@ void BeginHead();
 void EndHead();
 
 /// Moves the head in a straight line, step by step, and lets the window live in between. A move that doesn't touch the
-/// view only sets the position, and so does one of more steps than a picture could show. Nothing after a stop request.
+/// view sets the position without a stroke; one of more steps than a picture could show goes to its end in one. Neither
+/// is waited for. Nothing after a stop request.
 void StepTo(HeadMode mode, double x, double y);
 
 /// The same along an arc as a cut; radius above 0 runs counter-clockwise, 0 draws nothing.

@@ -21,6 +21,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 namespace
 {
@@ -261,6 +262,26 @@ TEST(Head, AMoveBesideTheViewOnlySetsThePosition)
     }
 }
 
+TEST(Head, ATrailBeginsWhereItsMoveBegins)
+{
+    const PostStation station;
+    PutSettings(station, "SIMSPEED=10\n");
+    for (const bool arc : {false, true}) {
+        StartAt100();
+        AppState.SimY = AppState.SimPrevY = -1;
+        if (arc) {
+            ArcTo(100, -1, 620, -1, 360, -1, 260); // under the picture
+            ArcTo(620, -1, 600, 19, 600, -1, 20);
+        } else {
+            StepTo(HeadMode::Rapid, 600, -1);
+            StepTo(HeadMode::Cut, 600, 9);
+        }
+        const Lines heads = TakeHeads();
+        ASSERT_GT(heads.size(), 1U);
+        EXPECT_THAT(heads[1], StartsWith(arc ? "line 620 -1 " : "line 600 -1 600 1 #ff0000"));
+    }
+}
+
 TEST(Head, RunsAlongArcs)
 {
     const PostStation station;
@@ -428,6 +449,17 @@ TEST(Pace, NothingSeenIsNotWaitedFor)
     EXPECT_NEAR(Screen.Clock - start, 0.0, 0.05);
 }
 
+TEST(Pace, AMoveOfTooManyStepsIsNotWaitedFor)
+{
+    const PostStation station;
+    PutSettings(station, "SIMSPEED=1\nSIM_DEFRAG=10000\n");
+    StartAt100();
+    const double start = Screen.Clock;
+    StepTo(HeadMode::Rapid, 600, 400);
+    ArcTo(600, 400, 600, 400, 400, 400, 200);
+    EXPECT_NEAR(Screen.Clock - start, 0.0, 0.05);
+}
+
 TEST(Pace, WhatAQuestionTookIsNotMadeUpFor)
 {
     const PostStation station;
@@ -542,6 +574,25 @@ TEST(Simulation, BesideTheViewRunsAtOnce)
     }
 }
 
+TEST(Simulation, BesideTheViewLetsKeysIn)
+{
+    const PostStation station;
+    LoadCase("sense 1\nline 0 0 0 40\nline 0 40 50 40\nline 50 40 50 0\nline 50 0 0 0\nclose\n"
+             "arc 30 15 30 15 25 15 5\nclose\nlayout kind=1 columns=100 rows=100 gapx=5 gapy=5\n");
+    ShowView(-9000, 0);
+    Screen.ClockTick = 1e-3; // a second for each thousand moves
+    int keys = 0;
+    Screen.OnPause = [&keys] {
+        if (++keys == 3) {
+            StopSimulation();
+        }
+    };
+    GenerateProgram("SIMULA");
+    EXPECT_EQ(keys, 3);
+    EXPECT_LT(Screen.Clock, 1.0);
+    EXPECT_LT(AppState.SimY, 50) << "still in the first row";
+}
+
 int Redraws = 0;
 
 TEST(Simulation, StopsAtAnyPoint)
@@ -574,6 +625,25 @@ TEST(Simulation, StopsAtAnyPoint)
         EXPECT_EQ(AppState.SimWalking, FlagOff);
         EXPECT_EQ(AppState.SimHeadShown, FlagOff);
     }
+}
+
+TEST(Simulation, AStopEndsTheWalkOfCopiesAndProfiles)
+{
+    const PostStation station("[PartProgram_PartHead]\nCOLLECTION1=*part_nr\n"
+                              "[PartProgram_StartCUT]\nCOLLECTION1=cut\n");
+    LoadCase(SmallNest);
+    ShowView(-20, -20, 0.5);
+    Screen.ClockTick = SlowStep;
+    GenerateProgram("SIMULA");
+    EXPECT_THAT(AppState.CollectionBuffer,
+                ElementsAre("1", "cut", "cut", "2", "cut", "cut", "3", "cut", "cut", "4", "cut", "cut"));
+    Screen.OnPause = [] {
+        if (AppState.SimX > 50) { // on the way to the second copy
+            StopSimulation();
+        }
+    };
+    GenerateProgram("SIMULA");
+    EXPECT_THAT(AppState.CollectionBuffer, ElementsAre("1", "cut", "cut", "2"));
 }
 
 TEST(Simulation, AStopWithoutOneDoesNothing)
