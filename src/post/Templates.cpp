@@ -285,7 +285,7 @@ void WriteLine(std::int16_t file, std::string_view text, bool numbered)
         if (next >= std::numeric_limits<std::int32_t>::min() &&
             next <= std::numeric_limits<std::int32_t>::max()) {
             AppState.LineNumber = static_cast<std::int32_t>(next);
-        } else if (AppState.SimRunning == FlagOff) { // simulations count on without a load, run for run
+        } else if (AppState.SimWalking == FlagOff) { // simulations count on without a load, run for run
             throw RunTimeFault("Line numbers pass 32 bits; choose another LINENUMBER_START and _STEP");
         }
     }

@@ -646,6 +646,25 @@ TEST(Simulation, AStopEndsTheWalkOfCopiesAndProfiles)
     EXPECT_THAT(AppState.CollectionBuffer, ElementsAre("1", "cut", "cut", "2"));
 }
 
+TEST(Simulation, AStoppedOneCountsLinesBeyondTheirEnd)
+{
+    const PostStation station("[PartProgram_EndCUT]\nLINE1=_M05\n");
+    LoadCase(SmallNest);
+    ShowView(-20, -20, 0.5);
+    AppState.LineNumbering = FlagOn;
+    AppState.LineNumberStep = 10;
+    AppState.LineNumber = 2147483647;
+    Screen.ClockTick = SlowStep;
+    Screen.OnPause = [] {
+        if (AppState.SimY > 15) { // in the middle of a cut
+            StopSimulation();
+        }
+    };
+    GenerateProgram("SIMULA");
+    EXPECT_NE(AppState.SimStop, FlagOff);
+    EXPECT_EQ(AppState.LineNumber, 2147483647);
+}
+
 TEST(Simulation, AStopWithoutOneDoesNothing)
 {
     const PostStation station;

@@ -256,7 +256,7 @@ TEST(WriteLine, LineNumberBeyondItsWidthIsAFault)
     WriteLine(FileNone, "a", true);
     EXPECT_EQ(AppState.LineNumber, 2147483647);
     FaultOf([] { WriteLine(FileNone, "b", true); });
-    AppState.SimRunning = FlagOn;
+    AppState.SimWalking = FlagOn;
     WriteLine(FileNone, "c", true);
     EXPECT_EQ(AppState.LineNumber, 2147483647) << "a simulation goes on";
 }
