@@ -176,6 +176,25 @@ protected:
         return true;
     }
 
+    /// All that an operator can do to a part and not save; then F1.
+    void WorkOnIt()
+    {
+        NextCamTab();
+        if (AppState.ScreenState == ScreenCutting) {
+            EditSomeFields();
+            ChangeProfilePath();
+            MovePathCursor(OneOf(2) == 0 ? 1 : -1, 0);
+            CuttingFieldEntered(FieldCuttingZoom);
+            SetText(AppState.TextCutting[FieldCuttingZoom], std::to_string(1 + OneOf(9)));
+            CuttingFieldLeft(FieldCuttingZoom);
+        }
+        if (AppState.ScreenState == ScreenCutting && OneOf(2) == 0) {
+            NextCamTab();
+            EditSomeNest(OneOf(2) == 0);
+        }
+        EnterInputScreen();
+    }
+
     void Open(const char* name)
     {
         SelectInputTab(TabPrograms);
@@ -275,6 +294,28 @@ TEST_F(RoundTrip, PutsFieldsTablesAndLeadsBack)
             EXPECT_EQ(FieldNumber(AppState.ParamText[i]), FieldNumber(saved.ParamText[i])) << round;
             EXPECT_EQ(AppState.ParamText[i].Visible, saved.ParamText[i].Visible) << round;
         }
+    }
+}
+
+TEST_F(RoundTrip, NothingOfThePartBeforeIsLeft)
+{
+    for (int round = 0; round < 50; ++round) {
+        OpenSomePart();
+        if (!GoOnAndSave("JOB", true)) {
+            continue;
+        }
+        StartAgain();
+        Open("JOB");
+        ASSERT_TRUE(GoOnAndSave("JOB", false)) << round;
+        const SavedJob alone = Files("JOB");
+        OpenSomePart();
+        WorkOnIt();
+        SelectInputTab(TabPrograms);
+        Open("JOB");
+        ASSERT_TRUE(GoOnAndSave("JOB", false)) << round;
+        EXPECT_EQ(Files("JOB"), alone) << round;
+        StartAgain();
+        ASSERT_FALSE(HasFailure()) << round;
     }
 }
 
