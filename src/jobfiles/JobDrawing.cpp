@@ -4,6 +4,8 @@
 #include "jobfiles/DrawingRecord.h"
 #include "jobfiles/JobFiles.h"
 #include "jobfiles/JobNames.h"
+#include "platform/Fault.h"
+#include "platform/Paths.h"
 #include "platform/SafeFile.h"
 #include "platform/Screen.h"
 #include "platform/TextFile.h"
@@ -138,7 +140,9 @@ void WriteDrawingProfiles(const std::string& file)
 {
     const std::string path = DrawingPath(file);
     std::string bytes;
-    static_cast<void>(ReadSecondName(path, bytes, LargestDrawing));
+    if (!ReadSecondName(path, bytes, LargestDrawing)) { // the elements mustn't be lost silently
+        throw RunTimeFault("Cannot read " + NativeNewPath(path) + UnfinishedEnd);
+    }
     const auto highest = static_cast<std::int16_t>(AppState.ProfileTable.size() - 1);
     AppState.ProfileTable[0].LeadElement = highest;
     for (std::int32_t j = 0; j <= highest; ++j) {

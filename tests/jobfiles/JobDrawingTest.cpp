@@ -1,6 +1,7 @@
 // The geometry of a job: which records are written and read, and which files are none.
 #include "jobfiles/DrawingRecord.h"
 #include "jobfiles/JobFiles.h"
+#include "platform/Fault.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "shell/ValueFields.h"
 #include "support/LeadParts.h"
@@ -156,6 +157,17 @@ TEST_F(JobDrawing, GrowsByProfilesWithoutElements)
     ASSERT_TRUE(Loads(bytes));
     EXPECT_EQ(AppState.ProfileCount, 3);
     EXPECT_EQ(AppState.ElementCount, 1);
+}
+
+TEST_F(JobDrawing, IsntReplacedByProfilesAlone)
+{
+    MakePart();
+    WriteDrawing("A.nst");
+    const std::string before = Bytes();
+    WriteDrawingElements("A.nst");
+    fs::remove(Station.Path + "/NEST/DATA/A.drw.part");
+    EXPECT_THROW(WriteDrawingProfiles("A.nst"), RunTimeFault);
+    EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(JobDrawing, OfNothingTellsCountsOfNothing)
