@@ -320,6 +320,7 @@ void ShowLayout()
         Window.Shown.Layout = layout;
         LayOutWindow();
         ForgetPictures();
+        ShowFields(); // boxes of another size are drawn anew, and a nest of fixed counts then writes its sheet
     }
 }
 } // namespace

@@ -3,7 +3,11 @@
 //     KORVANTA_SOAK_EVENTS=200000 build/dev/bin/test_qt --gtest_filter='WindowSoak.*'
 #include "qt/WindowBody.h"
 
+#include "shell/KeyCodes.h"
+
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace
 {
@@ -11,5 +15,27 @@ TEST(WindowSoak, AnyUseKeepsTheRules)
 {
     constexpr int PerSession = 150;
     Soak(WindowBody, SoakFirstSeed(), PerSession, SoakEventCount(600));
+}
+
+// --- what it has found ------------------------------------------------------------------------------------------
+
+SoakEvent Press(std::int16_t key)
+{
+    return {SoakDo::Key, key, 0, ""};
+}
+
+TEST(WindowSoakFound, AnotherSizeShowsTheSheetThatTheDrawingWrote)
+{
+    // R-01, two rows fixed, then a star in their field, and the drawing comes anew
+    const std::vector<SoakEvent> events = {Press(KeyF10),
+                                           Press(KeyF10),
+                                           Press(KeyF10),
+                                           Press(KeyEnter),
+                                           {SoakDo::Type, 0, 0, "*2"},
+                                           Press(KeyEnter),
+                                           Press(KeyUp),
+                                           {SoakDo::Type, 0, 0, "*"},
+                                           {SoakDo::Resize, 89, 41, ""}};
+    EXPECT_EQ(RunSoakSession(WindowBody, {SoakSettings(), events}).Failure, "");
 }
 } // namespace

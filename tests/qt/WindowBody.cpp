@@ -247,7 +247,17 @@ void UseMouse(const SoakEvent& event)
     }
 }
 
-/// A program of a nest that nobody can cut isn't written: in SaveMode no key comes through that could do so.
+/// The simulation of a nest that nobody can cut isn't started from its field.
+bool WouldSimulateLong(const SoakEvent& event)
+{
+    constexpr std::int32_t ModeSimulation = 7;
+    return (event.Do == SoakDo::Key || event.Do == SoakDo::Button) && AppState.ScreenState == ScreenNesting &&
+           AppState.FieldMode == ModeSimulation &&
+           event.A >= (event.Do == SoakDo::Key ? KeyF3 : KeyF3 - KeyF1) &&
+           event.A <= (event.Do == SoakDo::Key ? KeyF8 : KeyF8 - KeyF1) && WalkIsLong();
+}
+
+/// A program of such a nest isn't written: in SaveMode no key comes through that could do so.
 bool WouldSaveLong(const SoakEvent& event)
 {
     return AppState.SaveMode != FlagOff && WalkIsLong() &&
@@ -447,7 +457,7 @@ void Play(const SoakEvent& event)
     DialogKeys = 0;
     WalkPrevented = false;
     Operator->start(0);
-    if (!WouldSaveLong(event)) {
+    if (!WouldSaveLong(event) && !WouldSimulateLong(event)) {
         RunEvent(event);
     }
     Operator->stop();

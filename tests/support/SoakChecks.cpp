@@ -199,7 +199,8 @@ std::string BrokenTableSize()
         return "ElementCount " + std::to_string(elements) + " in a table of " +
                std::to_string(AppState.ElementTable.size());
     }
-    if (profiles < 0 || AppState.ProfileTable.size() <= static_cast<std::size_t>(profiles)) {
+    if (profiles < 0 ||
+        (PartIsUsed() && AppState.ProfileTable.size() <= static_cast<std::size_t>(profiles))) {
         return "ProfileCount " + std::to_string(profiles) + " in a table of " +
                std::to_string(AppState.ProfileTable.size());
     }
