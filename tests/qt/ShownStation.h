@@ -3,6 +3,7 @@
 #pragma once
 
 #include "qt/Mirror.h"
+#include "qt/PaintSurface.h"
 #include "qt/PictureBoxes.h"
 #include "qt/StationWindow.h"
 #include "qt/TopWindows.h"
@@ -36,6 +37,7 @@ protected:
     void TearDown() override
     {
         ReleaseStationLock();
+        SurfaceListener = SurfaceListeners(); // strokes of later cases have no box to refresh
         delete Window.Main;
         Window = StationWindowRecord();
     }
