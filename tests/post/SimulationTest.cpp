@@ -646,6 +646,26 @@ TEST(Simulation, AStopEndsTheWalkOfCopiesAndProfiles)
     EXPECT_THAT(AppState.CollectionBuffer, ElementsAre("1", "cut", "cut", "2"));
 }
 
+TEST(Simulation, AStopEndsTheMovesOfAProfile)
+{
+    const PostStation station;
+    LoadCase(SmallNest);
+    ShowView(-20, -20, 0.5);
+    AppState.LineNumbering = FlagOn;
+    AppState.LineNumberStep = 1;
+    Screen.ClockTick = SlowStep;
+    std::int32_t moves = 0;
+    Screen.OnPause = [&moves] {
+        if (AppState.SimY > 15) { // in the middle of a cut
+            moves = AppState.LineNumber;
+            StopSimulation();
+        }
+    };
+    GenerateProgram("SIMULA");
+    EXPECT_GT(moves, 0);
+    EXPECT_EQ(AppState.LineNumber, moves) << "none behind it";
+}
+
 TEST(Simulation, AStoppedOneCountsLinesBeyondTheirEnd)
 {
     const PostStation station("[PartProgram_EndCUT]\nLINE1=_M05\n");

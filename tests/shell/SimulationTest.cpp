@@ -122,6 +122,20 @@ TEST_F(Simulation, StartsAndStopsByKeyThree)
     EXPECT_GT(Pauses, 100) << "and from the beginning again";
 }
 
+TEST_F(Simulation, BeginsOnACleanNest)
+{
+    RunWith(5, [] {});
+    TakeStrokes();
+    Screen.OnPause = nullptr;
+    Screen.ClockTick = 0.0;
+    FocusField(AppState.TextNesting[FieldSimulation]);
+    TakeStrokes();
+    Press(KeyF5);
+    const std::vector<std::string> strokes = TakeStrokes();
+    ASSERT_FALSE(strokes.empty());
+    EXPECT_EQ(strokes.front(), "clear") << "without the trail of the run before";
+}
+
 TEST_F(Simulation, TheStartKeyDoesNothingWhileOneRuns)
 {
     RunWith(5, [] {});
