@@ -1,4 +1,5 @@
 // What opening a part sets back, from each list; and the lists while a name is asked for.
+#include "config/Korvanta_Configuration.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "shell/InputEvents.h"
 #include "shell/InputLists.h"
@@ -74,6 +75,16 @@ protected:
         EXPECT_TRUE(IsNoValue(AppState.SavedCentreY));
     }
 };
+
+TEST_F(Opening, TheSpeedThatItOffersIsTheOneOfTheSimulation)
+{
+    Configure("", "");
+    ASSERT_EQ(ReadConfig("SETUP", "SIMSPEED", "none"), "none");
+    KeyDispatcher(KeyEnter, 0);
+    EXPECT_EQ(AppState.TextNesting[FieldSimulation].Text, "15");
+    EXPECT_EQ(ReadConfig("SETUP", "SIMSPEED", "none"), "15");
+    EXPECT_EQ(AppState.SimSpeed, 15);
+}
 
 TEST_F(Opening, SetsTheFieldsBack)
 {
