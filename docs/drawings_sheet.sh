@@ -5,9 +5,6 @@ set -euo pipefail
 folder=${1:+$(realpath -m "$1")}
 cd "$(dirname "$0")/.."
 cmake --preset dev >/dev/null
-ninja -C build/dev test_qt drawings
-if [ -n "$folder" ]; then
-    mkdir -p "$folder"
-    export KORVANTA_SHEET_FOLDER=$folder
-fi
-build/dev/bin/test_qt --gtest_also_run_disabled_tests --gtest_filter='DrawingSheet.*'
+ninja -C build/dev picture_sheets drawings
+[ -z "$folder" ] || mkdir -p "$folder"
+build/dev/bin/picture_sheets drawings . build/dev ${folder:+"$folder"}

@@ -67,12 +67,6 @@ QRect Changed(const QImage& a, const QImage& b)
 }
 } // namespace
 
-/// Draws the file anew; docs/art_sheet.sh runs this case, no other run does.
-TEST(Logo, DISABLED_IsDrawn)
-{
-    ASSERT_TRUE(DrawnLogo().save(LogoFile));
-}
-
 TEST(Logo, IsAPlainBitmapOfItsDrawing)
 {
     QFile file(LogoFile);

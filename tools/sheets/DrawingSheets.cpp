@@ -1,6 +1,5 @@
-// All dimensioned drawings as the window paints them, on one sheet: docs/drawings_sheet.sh. KORVANTA_SHEET_FOLDER in the
-// environment: larger sheets into that folder, with the box as it is at 640x480 and at 1024x768, each drawing with another
-// parameter standing out.
+// The dimensioned drawings of all shapes as the window paints them.
+#include "Sheets.h"
 #include "qt/PaintSurface.h"
 #include "shapes/DimensionDrawing.h"
 #include "shapes/Korvanta_Parameters.h"
@@ -12,9 +11,8 @@
 #include <QPainter>
 #include <QString>
 
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <string>
+#include <algorithm>
+#include <span>
 
 namespace
 {
@@ -30,7 +28,7 @@ QImage Drawing(const ShapeRow& row, QSize size, int highlighted)
     return SurfaceImage(Picture::Param).copy();
 }
 
-void PaintSheet(const QString& path, std::span<const ShapeRow> rows, int columns, QSize size, bool highlight)
+bool PaintSheet(const QString& path, std::span<const ShapeRow> rows, int columns, QSize size, bool highlight)
 {
     const int lines = (static_cast<int>(rows.size()) + columns - 1) / columns;
     QImage sheet(columns * size.width(), lines * (size.height() + CaptionHeight), QImage::Format_RGB32);
@@ -48,31 +46,41 @@ void PaintSheet(const QString& path, std::span<const ShapeRow> rows, int columns
         ++i;
     }
     painter.end();
-    ASSERT_TRUE(sheet.save(path)) << path.toStdString();
+    return sheet.save(path);
 }
 
-TEST(DrawingSheet, DISABLED_Paint)
+/// The catalogue of texts and the drawings, as the station has them.
+bool LoadDrawings(const QString& source, const QString& build)
 {
     ResetAppState();
     ResetFields();
-    AppState.AppPath = KORVANTA_BINARY_DIR;
-    QFile catalogue(KORVANTA_SOURCE_DIR "/station/Korvanta_MSG.TXT");
-    ASSERT_TRUE(catalogue.open(QIODevice::ReadOnly));
+    AppState.AppPath = build.toStdString();
+    QFile catalogue(source + "/station/Korvanta_MSG.TXT");
+    if (!catalogue.open(QIODevice::ReadOnly)) {
+        return false;
+    }
     ReadCatalogue(catalogue.readAll().toStdString());
-    const std::span<const ShapeRow> rows = ShapeCatalogue();
-    const char* folder = std::getenv("KORVANTA_SHEET_FOLDER");
-    if (folder == nullptr) {
-        PaintSheet(KORVANTA_SOURCE_DIR "/docs/images/drawings.png", rows, SheetColumns, QSize(300, 250),
-                   false);
-        return;
-    }
-    for (std::size_t first = 0; first < rows.size(); first += 9) {
-        const auto part = rows.subspan(first, std::min<std::size_t>(9, rows.size() - first));
-        const QString name = QString("%1/%2-").arg(folder).arg(first, 2, 10, QChar('0'));
-        PaintSheet(name + "640x480.png", part, 3, QSize(453, 403), false);
-        PaintSheet(name + "640x480-marked.png", part, 3, QSize(453, 403), true);
-        PaintSheet(name + "1024x768.png", part, 3, QSize(737, 662), true);
-    }
-    ResizeSurface(Picture::Param, QSize(), 1.0);
+    return true;
 }
 } // namespace
+
+bool PaintDrawingSheet(const QString& source, const QString& build)
+{
+    return LoadDrawings(source, build) && PaintSheet(source + "/docs/images/drawings.png", ShapeCatalogue(),
+                                                     SheetColumns, QSize(300, 250), false);
+}
+
+bool PaintWindowDrawings(const QString& source, const QString& build, const QString& folder)
+{
+    constexpr std::size_t RowsOfSheet = 9;
+    const std::span<const ShapeRow> rows = ShapeCatalogue();
+    bool painted = LoadDrawings(source, build);
+    for (std::size_t first = 0; painted && first < rows.size(); first += RowsOfSheet) {
+        const auto part = rows.subspan(first, std::min(RowsOfSheet, rows.size() - first));
+        const QString name = QString("%1/%2-").arg(folder).arg(first, 2, 10, QChar('0'));
+        painted = PaintSheet(name + "640x480.png", part, 3, QSize(453, 403), false) &&
+                  PaintSheet(name + "640x480-marked.png", part, 3, QSize(453, 403), true) &&
+                  PaintSheet(name + "1024x768.png", part, 3, QSize(737, 662), true);
+    }
+    return painted;
+}
