@@ -24,10 +24,18 @@ void AddCell(CoverageMask& mask, std::size_t cell, int amount)
     value = static_cast<std::uint8_t>(std::min(255, value + amount));
 }
 
+/// A share of a pixel as the mask counts it, rounded; what is below zero is none. Called for every pixel, where the library's
+/// rounding would cost.
+int AmountOf(double share)
+{
+    const double amount = share * Full + 0.5;
+    return static_cast<int>(amount);
+}
+
 /// Adds `share` (0 to 1) of a pixel.
 void Add(CoverageMask& mask, int x, int y, double share)
 {
-    const int amount = static_cast<int>(share * Full + 0.5);
+    const int amount = AmountOf(share);
     if (amount > 0 && x >= 0 && y >= 0 && x < mask.Width && y < mask.Height) {
         AddCell(mask,
                 static_cast<std::size_t>(y) * static_cast<std::size_t>(mask.Width) +
@@ -205,7 +213,7 @@ void CoverJoint(CoverageMask& mask, int width, double x, double y)
             const double share = std::min(reach - Distance(column + 0.5 - x, row + 0.5 - y), 1.0);
             const std::size_t cell = static_cast<std::size_t>(row) * static_cast<std::size_t>(mask.Width) +
                                      static_cast<std::size_t>(column);
-            const int lacking = static_cast<int>(share * Full + 0.5) - mask.Cells[cell];
+            const int lacking = AmountOf(share) - mask.Cells[cell];
             if (lacking > 0) {
                 AddCell(mask, cell, lacking);
             }

@@ -170,7 +170,7 @@ void RunPanel(ModalPanel& modal, QWidget* first)
     ReleaseKeys();
 }
 
-void WatchPanel(ModalPanel& modal, EventHandler handler)
+void WatchPanel(ModalPanel& modal, const EventHandler& handler)
 {
     modal.Watcher = std::make_unique<KeyWatcher>([&modal, handler](QObject* object, QEvent* event) {
         auto* control = qobject_cast<QWidget*>(object);

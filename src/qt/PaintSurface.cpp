@@ -397,8 +397,8 @@ void SurfacePixel(Picture picture, float x, float y, std::uint32_t rgb)
     const QRect seen = dot.intersected(QRect(QPoint(), painted.Image.size()));
     auto* pixels = reinterpret_cast<std::uint32_t*>(painted.Image.bits());
     for (int row = seen.top(); row <= seen.bottom(); ++row) {
-        std::fill_n(pixels + row * painted.Image.width() + seen.left(), seen.width(),
-                    Opaque | (rgb & ColourBits));
+        const auto line = static_cast<std::ptrdiff_t>(row) * painted.Image.width();
+        std::fill_n(pixels + line + seen.left(), seen.width(), Opaque | (rgb & ColourBits));
     }
 }
 

@@ -110,7 +110,7 @@ QString FindOtherStation()
         return {};
     }
     for (const QString& folder : LockFolders()) {
-        const QString path = LockPath(folder);
+        QString path = LockPath(folder);
         switch (TakeProcessLock(QFile::encodeName(LockFileName(path)).toStdString(), LockHandle)) {
         case LockAnswer::Taken:
             ListenToLaterStarts(path);
