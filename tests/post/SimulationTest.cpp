@@ -306,6 +306,7 @@ TEST(Head, RunsAlongArcs)
         Screen.ClockTick = SlowStep;
         Screen.OnPause = [&visited] { visited.emplace_back(AppState.SimX, AppState.SimY); };
         ArcTo(350, 200, c.EndX, c.EndY, 300, 200, c.Radius);
+        Screen.OnPause = nullptr;
         ASSERT_EQ(visited.size(), static_cast<std::size_t>(std::ceil(c.Way)));
         for (const auto& [x, y] : visited) {
             EXPECT_NEAR(std::hypot(x - 300, y - 200), 50, Near);

@@ -147,8 +147,9 @@ TEST_F(Screens, AnImportIsDrawnOnTheParametersScreenAndAShapeIsnt)
 {
     Drawn.Shown = true;
     OpenPlate(0);
-    EXPECT_EQ(TakeStrokesLike("line").size(), 8U) << "two contours of four lines, no axes";
+    ASSERT_FALSE(Drawn.Pictures.empty());
     EXPECT_EQ(Drawn.Pictures.back(), Picture::Param);
+    EXPECT_EQ(TakeStrokesLike("line").size(), 8U) << "two contours of four lines, no axes";
     OpenRect(4);
     EXPECT_THAT(TakeStrokesLike("line"), IsEmpty());
 }
