@@ -91,7 +91,7 @@ TEST_F(StationWindow, HasTheSizesOfItsResolution)
             EXPECT_EQ(key.width(), inside.width() / 11) << row.Text;
             EXPECT_EQ(key.height(), row.Button) << row.Text;
             EXPECT_EQ(key.bottom() + 1, inside.height()) << row.Text;
-            EXPECT_NEAR(key.center().x(), inside.width() * (2 * i + 1) / 20.0, 4.0)
+            EXPECT_NEAR(key.center().x(), inside.width() * (2 * i + 1) / 20.0, 2.0)
                 << row.Text << " key " << i;
         }
         TearDown();
