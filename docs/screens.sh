@@ -10,66 +10,33 @@ sizes=("$@")
 [ ${#sizes[@]} -gt 0 ] || sizes=(640x480 800x600 1024x768 full)
 mkdir -p "$target"
 
-./setup.sh
-cmake --preset release >/dev/null
-cmake --build --preset release --target korvanta drawings
-
-work=$(mktemp -d)
-display_pid=
-cleanup() {
-    [ -z "$display_pid" ] || kill "$display_pid" 2>/dev/null || true
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-# A display without a window manager: the window is the picture.
-start_display() {
-    exec 7>"$work/display"
-    Xvfb -displayfd 7 -screen 0 "$1x24" -dpi 96 >/dev/null 2>&1 &
-    display_pid=$!
-    for _ in $(seq 100); do
-        [ -s "$work/display" ] && break
-        sleep 0.1
-    done
-    DISPLAY=:$(tr -d '\n' <"$work/display")
-    export DISPLAY
-}
-
-stop_display() {
-    kill "$display_pid" && wait "$display_pid" 2>/dev/null || true
-    display_pid=
-}
-
-keys() {
-    xdotool key --clearmodifiers --delay 30 "$@"
-    sleep 0.2
-}
+. docs/window_pictures.sh
+build_station
+work=$window_pictures_work
 
 picture() {
-    sleep 0.3
-    import -window "$window" "$target/$size-$name-$1.png"
+    photograph "$target/$size-$name-$1.png"
 }
 
 # The road of one part, ten copies of R-05 on a sheet, with a picture of each screen.
 walk() {
-    keys F3 F3 F3 F3
+    caps F3 F3 F3 F3
     picture 1-input
-    keys F10 3 0 0 Return 2 0 0 Return
+    caps F10 300 Enter 200 Enter
     picture 2-parameters
-    keys F10 Return Return Return Return Return 5 Return 3 Return
+    caps F10 Enter Enter Enter Enter Enter 5 Enter 3 Enter
     picture 3-cutting
-    keys F10 asterisk 5 Return asterisk 2 Return 1 period 5 Return 8 Return 8 Return
+    caps F10 '*5' Enter '*2' Enter 1.5 Enter 8 Enter 8 Enter
     picture 4-nesting
-    keys F10 P L A T E 1 0
+    caps F10 PLATE10
     picture 5-save
-    keys Return
-    sleep 0.5
+    caps Enter
     picture 6-saved
-    keys F1 F1 F1 F1
+    caps F1 F1 F1 F1
     picture 7-dxf-in
-    keys Escape
+    caps Esc
     picture 8-question
-    keys F1
+    caps F1
 }
 
 for size in "${sizes[@]}"; do
@@ -79,18 +46,10 @@ for size in "${sizes[@]}"; do
     start_display "$screen"
     for language in 1:english 3:german 6:chinese; do
         name=${language#*:}
-        station=$work/station-$size-$name
-        cp -r station "$station"
-        cp build/release/bin/korvanta build/release/Korvanta.DBG "$station/"
-        sed -i -e "s/^SCREEN_RES=.*/SCREEN_RES=$resolution/" -e "s/^LANGUAGE=.*/LANGUAGE=${language%:*}/" \
-            "$station/Korvanta.ini"
-        XDG_RUNTIME_DIR=$work "$station/korvanta" &
-        program=$!
-        window=$(xdotool search --sync --onlyvisible --name '^Korvanta V' | head -n 1)
-        xdotool windowfocus --sync "$window"
-        sleep 0.5
+        make_station "$work/station-$size-$name" "SCREEN_RES=$resolution" "LANGUAGE=${language%:*}" EXIT_CONFIRM=YES
+        start_station "$work/station-$size-$name"
         walk
-        kill "$program" && wait "$program" 2>/dev/null || true
+        stop_station
     done
     stop_display
 done
