@@ -2,12 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 std::string StationFile(const std::string& name)
 {
-    return std::string(KORVANTA_SOURCE_DIR) + "/station/" + name;
+    std::string path = std::string(KORVANTA_SOURCE_DIR) + "/station/" + name;
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+std::string TableLabel(const std::string& table)
+{
+    std::string label = table;
+    std::replace_if(
+        label.begin(), label.end(), [](char c) { return c == '.' || c == '\\'; }, '_');
+    return label;
 }
 
 std::string StationBytes(const std::string& name)

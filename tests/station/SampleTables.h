@@ -10,10 +10,27 @@ struct TableKey {
     std::string Value;
 };
 
-/// Names of the shipped tables.
-inline const std::vector<std::string> SampleTables = {"PPR.ini", "PPR_LinuxCNC.ini", "PPR_SubPrograms.ini"};
+/// The shipped tables, as PPR_INI names them.
+inline const std::vector<std::string> SampleTables = {
+    "PPR.ini",
+    "PPR_LinuxCNC.ini",
+    "PPR_SubPrograms.ini",
+    "ppr\\GRBL_Laser.ini",
+    "ppr\\ISO_OxyFuel.ini",
+    "ppr\\ISO_SubPerPart.ini",
+    "ppr\\ISO_SubPerProfile.ini",
+    "ppr\\ISO_WaterJet.ini",
+    "ppr\\LinuxCNC_Laser.ini",
+    "ppr\\LinuxCNC_Plasma.ini",
+};
 
-/// Path of a file of the shipped station.
+/// The one whose control knows no compensation.
+inline const std::string TableWithoutCompensation = "ppr\\GRBL_Laser.ini";
+
+/// The name of a table as part of a case's name.
+std::string TableLabel(const std::string& table);
+
+/// Path of a file of the shipped station; '\\' separates, too.
 std::string StationFile(const std::string& name);
 
 /// A file's bytes; a missing one fails the case.
