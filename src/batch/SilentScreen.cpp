@@ -1,6 +1,7 @@
 #include "batch/SilentScreen.h"
 
 #include "config/Korvanta_Utility.h"
+#include "platform/Host.h"
 #include "platform/Screen.h"
 #include "state/AppState.h"
 
@@ -144,3 +145,14 @@ std::vector<TopWindow> ListTopWindows()
 }
 
 void RaiseTopWindow(std::intptr_t) {}
+
+// The tool runs under no host.
+
+bool ReadHostLanguage(std::int32_t&)
+{
+    return false;
+}
+
+void AnnounceToHost(std::int32_t) {}
+
+void OpenAtHost(const std::string&, std::int32_t) {}

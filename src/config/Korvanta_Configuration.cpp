@@ -34,9 +34,9 @@ std::int16_t ReadHostMode()
 {
     const std::string value = ReadConfig("SETUP", "VELCOM", "NO");
     if (Contains(value, "\\YES")) {
-        return 2;
+        return HostBarOnly;
     }
-    return Contains(value, "YES") ? 1 : 0;
+    return Contains(value, "YES") ? Hosted : NoHost;
 }
 } // namespace
 

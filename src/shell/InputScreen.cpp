@@ -12,6 +12,7 @@
 #include "shell/InputLists.h"
 #include "shell/KeyBar.h"
 #include "shell/Korvanta_Interface.h"
+#include "shell/Korvanta_VELInterface.h"
 #include "shell/MsgBox_Unicode.h"
 #include "shell/ValueFields.h"
 
@@ -135,6 +136,9 @@ void SaveCurrentJob()
     }
     SaveJob(baseName);
     if (AppState.ExitAfterSave != FlagOff) {
+        if (AppState.HostMode == Hosted) {
+            HostOpenProgram(ProgramFileName(baseName));
+        }
         WriteExitLog(false);
         EndProcess(0);
     }
@@ -143,6 +147,14 @@ void SaveCurrentJob()
     ClearNestResults();
     SetText(AppState.TextFileName, "");
     FocusList(TabPrograms);
+}
+
+void HandOverJob(const std::string& name)
+{
+    HostOpenProgram(ProgramFileName(name));
+    if (AppState.ExitAfterSave != FlagOff) {
+        EndProcess(0);
+    }
 }
 
 void DeleteJob(const std::string& name)

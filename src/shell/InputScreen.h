@@ -13,10 +13,13 @@ void EnterSaveMode();
 /// Back from the question for a name to the nest.
 void LeaveSaveMode();
 
-/// Saves under the name in TextFileName, after a question when a job of that name exists; then ends the process when
-/// ExitAfterSave asks for it. Without a name, or with one too long for a file, nothing is saved. A file that can't be
-/// written is a RunTimeFault.
+/// Saves under the name in TextFileName, after a question when a job of that name exists; then, when ExitAfterSave asks for
+/// it, hands the program to the host (HostMode 1), writes the exit log and ends the process. Without a name, or with one
+/// too long for a file, nothing is saved. A file that can't be written, or a host that doesn't answer, is a RunTimeFault.
 void SaveCurrentJob();
+
+/// Hands a job's NC program to the host, and ends the process when ExitAfterSave asks for it, without a log. For HostMode 1.
+void HandOverJob(const std::string& name);
 
 /// Deletes a job with its companions and its NC program, after a question. A job that doesn't exist is none.
 void DeleteJob(const std::string& name);

@@ -79,6 +79,19 @@ void StepUp(const KeyEvent&)
     MoveListCursor("Up");
 }
 
+bool OnJobsOfHost()
+{
+    return OnJobs() && AppState.HostMode == Hosted;
+}
+
+void HandOverSelected(const KeyEvent&)
+{
+    const ListItem* item = SelectedItem(TabPrograms);
+    if (item != nullptr) {
+        HandOverJob(item->Text);
+    }
+}
+
 void DeleteSelected(const KeyEvent&)
 {
     const ListItem* item = SelectedItem(TabPrograms);
@@ -126,6 +139,7 @@ constexpr KeyRow InputKeys[] = {
     {KeyF4, nullptr, StepLeft},
     {KeyF5, nullptr, StepDown},
     {KeyF6, nullptr, StepUp},
+    {KeyF7, OnJobsOfHost, HandOverSelected},
     {KeyF8, OnJobs, DeleteSelected},
     {KeyD, OnJobs, DeleteSelected},
     {KeyDelete, OnJobs, DeleteSelected},

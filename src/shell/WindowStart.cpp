@@ -6,6 +6,7 @@
 #include "shell/Exit.h"
 #include "shell/InputLists.h"
 #include "shell/Korvanta_Interface.h"
+#include "shell/Korvanta_VELInterface.h"
 
 #include <algorithm>
 
@@ -38,8 +39,13 @@ void EndWhenRunning()
     }
 }
 
+/// A host wins over the command line, and that over the settings.
 void ChooseLanguage(const std::string& commandLine)
 {
+    if (AppState.HostMode == Hosted) {
+        AppState.Language = HostLanguage();
+        return;
+    }
     const std::string number = commandLine.empty() ? ReadConfig("SETUP", "LANGUAGE", "1") : commandLine;
     AppState.Language = RoundAndClampToInt16(TextToNumber(number));
 }
@@ -59,7 +65,7 @@ void PlanWindow()
         AppState.Window.WholeScreen = FlagOn;
     }
     AppState.HostBarHeight = 0;
-    if (AppState.HostMode != 0) {
+    if (AppState.HostMode != NoHost) {
         AppState.HostBarHeight =
             row != std::end(Resolutions) ? row->HostBarHeight : RoundAndClampToInt16(TextToNumber(text));
     }
@@ -93,6 +99,9 @@ void StartWindow(const std::string& stationFolder, const std::string& commandLin
     PlanPreview();
     SelectInputTab(TabRect);
     FillShapeLists();
+    if (AppState.HostBarHeight >= 1 && AppState.HostMode == Hosted) {
+        HostAnnounce();
+    }
     RemoveHandOverNote();
     EnterInputScreen();
     WriteExitLog(true);

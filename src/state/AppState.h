@@ -57,6 +57,11 @@ inline constexpr int MessageRows = 51;
 inline constexpr int LanguageColumns = 6;
 using MessageParts = std::array<std::string, 3>;
 
+/// Values of HostMode.
+inline constexpr std::int16_t NoHost = 0;
+inline constexpr std::int16_t Hosted = 1;
+inline constexpr std::int16_t HostBarOnly = 2; ///< the host's bar is kept free, and no call is made
+
 /// Values of AppState.KerfState: the compensation of the program being written.
 inline constexpr std::int16_t KerfOff = 40;
 inline constexpr std::int16_t KerfLeft = 41;
@@ -138,7 +143,7 @@ struct AppStateRecord {
     Flag ExitAfterSave = FlagOff;
     Flag TextFileLostFocus = FlagOff;
     Flag SwapRipXY = FlagOff;
-    std::int16_t HostMode = 0;           ///< 0 no host, 1 hosted, 2 hosted without the start-up link
+    std::int16_t HostMode = NoHost;
     std::int16_t ExternalPathSense = -1; ///< direction of cut: 1 counter-clockwise, -1 clockwise
     std::int16_t InternalPathSense = 1;
     Flag ConfigHeld = FlagOff; ///< WriteConfig keeps its values in HeldConfig instead of writing the file

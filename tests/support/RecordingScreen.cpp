@@ -1,5 +1,6 @@
 #include "support/RecordingScreen.h"
 
+#include "platform/Fault.h"
 #include "shell/ValueFields.h"
 #include "state/AppState.h"
 #include "support/RecordingSurface.h"
@@ -151,4 +152,43 @@ std::vector<TopWindow> ListTopWindows()
 void RaiseTopWindow(std::intptr_t handle)
 {
     Screen.Calls.push_back("raise " + std::to_string(handle));
+}
+
+// --- the host -------------------------------------------------------------------------------------------------
+
+static bool HostAnswers(const std::string& call)
+{
+    Screen.Calls.push_back(call);
+    if (Screen.HostAnswers == 0) {
+        return false;
+    }
+    Screen.HostAnswers -= Screen.HostAnswers > 0 ? 1 : 0;
+    return true;
+}
+
+bool ReadHostLanguage(std::int32_t& index)
+{
+    if (!HostAnswers("host language")) {
+        return false;
+    }
+    index = 0;
+    if (!Screen.HostLanguages.empty()) {
+        index = Screen.HostLanguages.front();
+        Screen.HostLanguages.pop_front();
+    }
+    return true;
+}
+
+void AnnounceToHost(std::int32_t number)
+{
+    if (!HostAnswers("host announce " + std::to_string(number))) {
+        throw RunTimeFault("no host");
+    }
+}
+
+void OpenAtHost(const std::string& path, std::int32_t number)
+{
+    if (!HostAnswers("host open " + path + " " + std::to_string(number))) {
+        throw RunTimeFault("no host");
+    }
 }

@@ -1,6 +1,8 @@
-// RecordingScreen.h -- the body of the screen seam for tests: writes each call down, answers boxes from a script.
+// RecordingScreen.h -- the body of the screen seam for tests, and of the seam to a host: writes each call down, answers boxes
+// from a script.
 #pragma once
 
+#include "platform/Host.h"
 #include "platform/Screen.h"
 
 #include <cstdint>
@@ -20,14 +22,16 @@ struct ScreenRecord {
     std::function<bool(const std::string& line1)> OnBox; ///< answers boxes by their first line
     std::function<void()> InputDialog;                   ///< plays the operator of the input dialog
     std::function<void(const ValueField*)>
-        OnFocus;                    ///< plays the window when a field, or a list (null), is focused
-    std::function<void()> OnYield;  ///< plays what arrives while the window catches up; once
-    double Clock = 0.0;             ///< ClockSeconds; grows by each pause
-    double ClockTick = 0.0;         ///< and by this much whenever it is read: how long a step takes
-    std::int64_t Pauses = 0;        ///< calls of Pause
-    std::function<void()> OnPause;  ///< plays what arrives in each of them
-    std::vector<TopWindow> Windows; ///< what stands on the desktop
-    ListMetrics Metrics;            ///< layout of every list
+        OnFocus;                            ///< plays the window when a field, or a list (null), is focused
+    std::function<void()> OnYield;          ///< plays what arrives while the window catches up; once
+    double Clock = 0.0;                     ///< ClockSeconds; grows by each pause
+    double ClockTick = 0.0;                 ///< and by this much whenever it is read: how long a step takes
+    std::int64_t Pauses = 0;                ///< calls of Pause
+    std::function<void()> OnPause;          ///< plays what arrives in each of them
+    std::vector<TopWindow> Windows;         ///< what stands on the desktop
+    std::deque<std::int32_t> HostLanguages; ///< what the host answers, one after the other; 0 when used up
+    int HostAnswers = -1;                   ///< calls that the host answers until it is gone; -1: all
+    ListMetrics Metrics;                    ///< layout of every list
     std::int32_t PictureWidth = 640;
     std::int32_t PictureHeight = 480;
 };
