@@ -84,3 +84,13 @@ bool PaintWindowDrawings(const QString& source, const QString& build, const QStr
     }
     return painted;
 }
+
+bool PaintShapePictures(const QString& source, const QString& build, const QString& folder)
+{
+    bool painted = LoadDrawings(source, build);
+    for (const ShapeRow& row : ShapeCatalogue()) {
+        const QImage picture = Drawing(row, QSize(320, 240), 0);
+        painted = painted && picture.save(QString("%1/shape-%2.png").arg(folder, row.Name));
+    }
+    return painted;
+}

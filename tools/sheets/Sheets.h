@@ -17,3 +17,6 @@ bool PaintDrawingSheet(const QString& source, const QString& build);
 /// Sheets of nine into a folder, as large as the window shows them at 640x480 and at 1024x768, there also with a
 /// parameter standing out.
 bool PaintWindowDrawings(const QString& source, const QString& build, const QString& folder);
+
+/// A picture for each shape into a folder, shape-R-01.png and so on, small enough for a page.
+bool PaintShapePictures(const QString& source, const QString& build, const QString& folder);

@@ -1,4 +1,4 @@
-// picture_sheets: artwork SOURCE | logo SOURCE | drawings SOURCE BUILD [FOLDER]
+// picture_sheets: artwork SOURCE | logo SOURCE | drawings SOURCE BUILD [FOLDER] | shapes SOURCE BUILD FOLDER
 #include "Sheets.h"
 
 #include <QApplication>
@@ -36,6 +36,11 @@ int main(int argc, char** argv)
     if (what == "drawings" && words.size() == 4) {
         return Finish(PaintWindowDrawings(words[1], words[2], words[3]));
     }
-    std::fputs("picture_sheets artwork SOURCE | logo SOURCE | drawings SOURCE BUILD [FOLDER]\n", stderr);
+    if (what == "shapes" && words.size() == 4) {
+        return Finish(PaintShapePictures(words[1], words[2], words[3]));
+    }
+    std::fputs("picture_sheets artwork SOURCE | logo SOURCE | drawings SOURCE BUILD [FOLDER] | "
+               "shapes SOURCE BUILD FOLDER\n",
+               stderr);
     return WrongUse;
 }
