@@ -1,16 +1,15 @@
 // Every example of the manual: its commands are run in a fresh station, chapter by chapter, and what the page shows behind
 // them must be what came.
 #include "ManualPages.h"
+#include "ManualStation.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <sstream>
-#include <sys/wait.h>
 
 namespace
 {
@@ -25,30 +24,9 @@ const std::vector<std::string> ConsoleWords = {"./run.sh", "./test.sh", "sudo ap
 constexpr const char* TablePage =
     "08-post-processor.md"; ///< its ini blocks are tried out by cases of their own
 
-std::string Quoted(const std::string& text)
-{
-    std::string quoted = "'";
-    for (const char c : text) {
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return quoted + "'";
-}
-
 std::string Index(std::size_t i)
 {
     return std::to_string(i);
-}
-
-/// A fresh copy of the shipped station with the programs in it.
-void MakeStation(const std::string& folder)
-{
-    fs::copy(KORVANTA_SOURCE_DIR "/station", folder, fs::copy_options::recursive);
-    for (const char* name : {"bin/korvanta-batch", "bin/korvanta-painter.so", "Korvanta.DBG"}) {
-        const fs::path from = fs::path(KORVANTA_BINARY_DIR) / name;
-        if (fs::exists(from)) {
-            fs::copy_file(from, fs::path(folder) / from.filename());
-        }
-    }
 }
 
 /// True for a block that shows a file which the commands before it wrote; the cases of the window look at those that keys
@@ -70,10 +48,10 @@ std::string ScriptOf(const ManualPage& page, const std::string& results)
     for (std::size_t i = 0; i < page.Blocks.size(); ++i) {
         const PageBlock& block = page.Blocks[i];
         if (block.Kind == "sh") {
-            script += "echo " + std::to_string(block.Line) + " >" + Quoted(results + "/reached") + "\n{\n" +
-                      block.Text + "} >" + Quoted(results + "/out" + Index(i)) + "\n";
+            script += "echo " + std::to_string(block.Line) + " >" + ShellWord(results + "/reached") +
+                      "\n{\n" + block.Text + "} >" + ShellWord(results + "/out" + Index(i)) + "\n";
         } else if (ShowsFileOfCommands(page, i)) {
-            script += "cp -- " + Quoted(block.Name) + " " + Quoted(results + "/file" + Index(i)) + "\n";
+            script += "cp -- " + ShellWord(block.Name) + " " + ShellWord(results + "/file" + Index(i)) + "\n";
         }
     }
     return script;
@@ -83,14 +61,10 @@ void RunPage(const ManualPage& page)
 {
     const TempFolder work;
     const std::string station = work.Path + "/station";
-    MakeStation(station);
+    MakeManualStation(station);
     fs::create_directories(work.Path + "/results");
     work.Write("script", ScriptOf(page, work.Path + "/results"));
-    const std::string command = "cd " + Quoted(station) + " && env LC_ALL=C.UTF-8 PATH=" + Quoted(station) +
-                                ":\"$PATH\" bash -eu " + Quoted(work.Path + "/script") + " </dev/null 2>" +
-                                Quoted(work.Path + "/errors");
-    const int status = std::system(command.c_str());
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+    if (!RunInStation(station, "bash -eu " + ShellWord(work.Path + "/script"), work.Path + "/errors")) {
         ADD_FAILURE() << page.Name << ": the sh block of line " << work.Read("results/reached")
                       << "or the file behind it failed:\n"
                       << work.Read("errors");
