@@ -1,6 +1,7 @@
 #include "batch/Options.h"
 
 #include "config/Korvanta_Utility.h"
+#include "platform/StationFolder.h"
 #include "profile/Korvanta_Common.h"
 #include "shapes/Korvanta_Parameters.h"
 
@@ -236,7 +237,8 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
                   "Value of a parameter of the shape (repeatable)");
     app.add_option("--station", options.Station,
                    "Folder of the station: Korvanta.ini, Korvanta_MSG.TXT,\n"
-                   "post-processor table (default: where korvanta-batch lies)")
+                   "post-processor table (default: where korvanta-batch lies; for\nan installed one "
+                   "KORVANTA_STATION or ~/Korvanta, which is\nmade when it is missing)")
         ->type_name("DIR");
     app.add_option("--language", options.Language, "Language of messages, instead of the configured one")
         ->type_name("N")
@@ -296,7 +298,11 @@ void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& r
     for (const std::string& parameter : raw.Parameters) {
         options.Parameters.push_back(ReadParameter(parameter, FindShape(options.ShapeId)));
     }
-    options.Station = options.Station.empty() ? ProgramFolder() : AbsolutePath(options.Station);
+    if (!options.Station.empty()) {
+        options.Station = AbsolutePath(options.Station);
+    } else if (!options.ListShapes) {
+        options.Station = FindStationFolder(ProgramFolder());
+    }
     options.Out = options.Out.empty() ? "" : AbsolutePath(options.Out);
     options.Svg = options.Svg.empty() ? "" : AbsolutePath(options.Svg);
     options.Json = options.Json.empty() || options.Json == "-" ? options.Json : AbsolutePath(options.Json);

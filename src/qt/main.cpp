@@ -1,5 +1,6 @@
 // korvanta: the station in its window.
 #include "platform/Fault.h"
+#include "platform/StationFolder.h"
 #include "qt/PictureBoxes.h"
 #include "qt/StationWindow.h"
 #include "qt/TopWindows.h"
@@ -37,6 +38,8 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setStyle("Fusion");
     QCoreApplication::setApplicationName("Korvanta");
+    QGuiApplication::setDesktopFileName(
+        "korvanta"); // the entry in the menu whose icon and name the desktop shows
     QGuiApplication::setQuitOnLastWindowClosed(false); // the program has its own ways out
     const QStringList arguments = QCoreApplication::arguments();
     const std::string language = arguments.size() > 1 ? ToText(arguments[1]) : std::string();
@@ -44,7 +47,7 @@ int main(int argc, char** argv)
     RunEvent([&] {
         MakeStationWindow();
         ListenToPictures();
-        StartWindow(ProgramFolder(), language);
+        StartWindow(FindStationFolder(ProgramFolder()), language);
         ShowStationWindow();
     });
     return QApplication::exec();
