@@ -8,7 +8,7 @@ cd "$(dirname "$0")"
 
 ./setup.sh
 cmake --preset release >/dev/null
-cmake --build --preset release --target korvanta korvanta-batch drawings
+cmake --build --preset release --target korvanta korvanta-batch korvanta-host drawings
 
 # The program folder of a station: the program with its texts, tables and sample drawings around it. What a run changed
 # there stays.
@@ -17,7 +17,7 @@ root=$PWD
 mkdir -p "$station"
 cp -rn station/. "$station/"
 cp -f build/release/bin/korvanta build/release/bin/korvanta-batch build/release/bin/korvanta-painter.so \
-    build/release/Korvanta.DBG "$station/"
+    build/release/bin/korvanta-host build/release/Korvanta.DBG "$station/"
 
 if [ $# -gt 0 ]; then
     cd "$caller"

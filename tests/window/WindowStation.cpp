@@ -140,16 +140,27 @@ void WindowStation::Set(const std::string& section, const std::string& key, cons
     Folder.Write("Korvanta.ini", WithKey(Folder.Read("Korvanta.ini"), section, key, value));
 }
 
+std::vector<std::string> WindowStation::WholeEnvironment() const
+{
+    std::vector<std::string> all = {
+        "DISPLAY=" + Screen.Display,
+        "QT_QPA_PLATFORM=xcb",
+        "WAYLAND_DISPLAY=",
+        "HOME=" + Folder.Path,
+        "TMPDIR=" + Folder.Path,
+        "XDG_RUNTIME_DIR=" + Folder.Path,
+        "XDG_CONFIG_HOME=" + Folder.Path,
+        "LC_ALL=C.UTF-8",
+    };
+    all.insert(all.end(), Environment.begin(), Environment.end());
+    return all;
+}
+
 void WindowStation::Launch(Process& process, const std::vector<std::string>& arguments) const
 {
     std::vector<std::string> words = {Folder.Path + "/korvanta"};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    process.Start({words,
-                   {"DISPLAY=" + Screen.Display, "QT_QPA_PLATFORM=xcb",
-                    "WAYLAND_DISPLAY=", "HOME=" + Folder.Path, "TMPDIR=" + Folder.Path,
-                    "XDG_RUNTIME_DIR=" + Folder.Path, "XDG_CONFIG_HOME=" + Folder.Path, "LC_ALL=C.UTF-8"},
-                   Folder.Path + "/korvanta.log",
-                   -1});
+    process.Start({words, WholeEnvironment(), Folder.Path + "/korvanta.log", -1});
 }
 
 void WindowStation::Start(const std::vector<std::string>& arguments)

@@ -34,6 +34,9 @@ struct WindowStation {
     /// Starts it and doesn't wait.
     void Launch(Process& process, const std::vector<std::string>& arguments = {}) const;
 
+    /// The variables that it is started with.
+    std::vector<std::string> WholeEnvironment() const;
+
     /// Sends keys, or types a text over a field's selected one.
     void Press(const std::vector<std::string>& keys) const;
     void Type(const std::string& text) const;
@@ -90,7 +93,8 @@ struct WindowStation {
     Process Program;
     std::string Window; ///< its window, once started
     Place Area;
-    std::string Extension = "nc"; ///< of the NC programs
+    std::string Extension = "nc";         ///< of the NC programs
+    std::vector<std::string> Environment; ///< NAME=VALUE beside those that every station here has
 };
 
 /// Tabs of the Input screen.

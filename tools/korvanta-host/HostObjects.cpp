@@ -1,5 +1,6 @@
 #include "HostObjects.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
@@ -154,6 +155,8 @@ bool OfferHost(QString& reason)
     // The objects first: a station that waits for the name may ask at once.
     if (bus.isConnected() && bus.registerVirtualObject(PanelPath, &panel) &&
         bus.registerVirtualObject(ProgramsPath, &programs) && bus.registerService(Service)) {
+        bus.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected",
+                    QCoreApplication::instance(), SLOT(quit()));
         return true;
     }
     reason = bus.isConnected() ? "another host has the name " + QString(Service) : "there is no session bus";
