@@ -3,7 +3,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/../../.."
 target=$(realpath -m "${1:-docs/manual/images}")
-cmake --preset dev >/dev/null
-ninja -C build/dev picture_sheets drawings >/dev/null
+preset=${KORVANTA_PRESET:-release}
+./setup.sh
+cmake --preset "$preset" >/dev/null
+cmake --build --preset "$preset" --target picture_sheets drawings
 mkdir -p "$target"
-build/dev/bin/picture_sheets shapes . build/dev "$target"
+"build/$preset/bin/picture_sheets" shapes . "build/$preset" "$target"
