@@ -7,7 +7,7 @@
 #   start_station FOLDER             opens its window and waits for it
 #   caps F10 Enter 300 "*5" Ctrl+F7  strokes, words as on the key caps; any other word is typed, character by character
 #   caps_of PAGE N                   the strokes of the Nth block of keys of a page
-#   photograph FILE [WxH+X+Y]        the window, or a part of it, as a small PNG of 256 colours
+#   photograph FILE [WxH+X+Y [SIZE]] the window, or a part of it, as a small PNG of 256 colours, resized to such as 60%
 #   stop_station, stop_display       both are over at the end of the script, too
 
 window_pictures_work=$(mktemp -d)
@@ -121,5 +121,5 @@ caps_of() {
 photograph() {
     sleep 0.5
     import -window "$window" png:- |
-        convert png:- ${2:+-crop "$2" +repage} -strip +dither -colors 256 -define png:compression-level=9 "$1"
+        convert png:- ${2:+-crop "$2" +repage} ${3:+-resize "$3"} -strip +dither -colors 256 -define png:compression-level=9 "$1"
 }

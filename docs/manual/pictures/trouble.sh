@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../../.."
 target=$1
 
 box() {
-    photograph "$target/trouble-$1.png" 560x230+232+269
+    photograph "$target/trouble-$1.png" 560x230+232+269 60%
 }
 
 build_station
