@@ -120,7 +120,6 @@ void LoadInputSlots()
         if (!stored.empty()) {
             slot.Value = stored;
         }
-        SelectOption(slot);
     }
 }
 
@@ -132,7 +131,10 @@ void RunInputBlock()
     }
     LoadInputSlots();
     if (AppState.PprInput[1].Kind == 'N') {
-        return;
+        return; // nobody is asked, so the defaults stand as they are
+    }
+    for (std::size_t i = 1; i <= PprInputSlots; ++i) {
+        SelectOption(AppState.PprInput[i]); // what the lists show first
     }
     RunInputDialog(AppState.ProgramName + " [" + AppState.JobName + "]");
     for (std::size_t i = 1; i <= PprInputSlots; ++i) {

@@ -346,6 +346,17 @@ TEST(InputBlock, FirstSlotMarkedUnusedAsksNothing)
     EXPECT_EQ(AppState.PprInput[2].Value, "10");
 }
 
+TEST(InputBlock, WithoutADialogAListHasItsDefaultEvenBesideTheOptions)
+{
+    const PostStation station(
+        "[PartProgram_INPUT]\n#V1=Gas,N,,O2\n#V2=Nozzle,T,1.0|1.2,9\n#V3=Gas,T,O2|N2,O2\n");
+    station.Folder.Write("NST/JOB.nst", "[0004]\r\nV3=n2\r\n");
+    LoadPostProcessorValues();
+    EXPECT_TRUE(Screen.Calls.empty());
+    EXPECT_EQ(AppState.PprInput[2].Value, "9");
+    EXPECT_EQ(AppState.PprInput[3].Value, "n2") << "as it was stored";
+}
+
 TEST(InputBlock, FourFieldsAreNeeded)
 {
     const PostStation station;
