@@ -233,7 +233,8 @@ void WarnInputs()
         if (!answer.has_value()) {
             continue;
         }
-        if (input.Kind == 'N') {
+        if (input.Kind == 'N' ||
+            AppState.PprInput[1].Kind == 'N') { // without the first there are no questions
             std::fprintf(stderr, "warning: the post-processor table doesn't ask for value %zu\n", slot);
         } else if (input.Kind == 'T' && UpperCase(*answer) != UpperCase(input.Value)) {
             std::fprintf(stderr, "warning: value %zu is %s: \"%s\" is none of its options\n", slot,

@@ -246,6 +246,13 @@ TEST(Road, AnswersTheInputBlock)
     EXPECT_EQ(station.Run({"box.iso", "--program", "I", "--input", "2=air", "--quiet"}).Errors, "");
     EXPECT_THAT(station.Run({"box.iso", "--program", "I", "--input", "5=x"}).Errors,
                 HasSubstr("doesn't ask for value 5"));
+    station.Folder.Write("PPR.ini", "[PartProgram_INPUT]\n#V1=Plate,N,,10\n#V2=Gas,T,O2|N2,AIR\n#V3=Nr,D,,7\n"
+                                    "[PartProgram_BEGIN]\nLINE1=(#V2 #V3)\n");
+    EXPECT_EQ(first({"--input", "2=O2", "--input", "3=8"}), "(AIR 7)") << "nothing is asked, defaults stand";
+    EXPECT_EQ(
+        station.Run({"box.iso", "--program", "I", "--input", "2=O2", "--input", "3=8", "--quiet"}).Errors,
+        "warning: the post-processor table doesn't ask for value 2\n"
+        "warning: the post-processor table doesn't ask for value 3\n");
 }
 
 TEST(Road, WritesTheSameInEveryLocale)
