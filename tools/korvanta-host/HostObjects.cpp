@@ -100,9 +100,6 @@ bool AnswerPanel(const QDBusMessage& call, const QDBusConnection& bus)
     }
     bus.send(call.createReply());
     TellHost(QString("announced: %1").arg(call.arguments().constFirst().toInt()));
-    if (Host.Announced) {
-        Host.Announced();
-    }
     return true;
 }
 
@@ -149,14 +146,17 @@ void TellHost(const QString& line)
 
 bool OfferHost(QString& reason)
 {
-    static BusObject panel(PanelDescription, AnswerPanel);
-    static BusObject programs(ProgramsDescription, AnswerPrograms);
+    QCoreApplication* application = QCoreApplication::instance();
+    auto* panel = new BusObject(PanelDescription, AnswerPanel);
+    auto* programs = new BusObject(ProgramsDescription, AnswerPrograms);
+    panel->setParent(application);
+    programs->setParent(application);
     QDBusConnection bus = QDBusConnection::sessionBus();
     // The objects first: a station that waits for the name may ask at once.
-    if (bus.isConnected() && bus.registerVirtualObject(PanelPath, &panel) &&
-        bus.registerVirtualObject(ProgramsPath, &programs) && bus.registerService(Service)) {
+    if (bus.isConnected() && bus.registerVirtualObject(PanelPath, panel) &&
+        bus.registerVirtualObject(ProgramsPath, programs) && bus.registerService(Service)) {
         bus.connect({}, "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local", "Disconnected",
-                    QCoreApplication::instance(), SLOT(quit()));
+                    application, SLOT(quit()));
         return true;
     }
     reason = bus.isConnected() ? "another host has the name " + QString(Service) : "there is no session bus";

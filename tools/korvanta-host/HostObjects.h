@@ -18,9 +18,8 @@ inline constexpr HostLanguageRow HostLanguages[] = {
 
 struct HostRecord {
     std::int16_t Language = 0;
-    QString Viewer;                  ///< command that gets the program's path; empty: none
-    bool Desktop = false;            ///< without a viewer the desktop opens the program
-    std::function<void()> Announced; ///< a station is up
+    QString Viewer;       ///< command that gets the program's path; empty: none
+    bool Desktop = false; ///< without a viewer the desktop opens the program
     std::vector<std::function<void(const QString&)>> Tell; ///< each gets a line on all that happens
 };
 

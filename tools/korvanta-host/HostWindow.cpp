@@ -2,6 +2,7 @@
 
 #include "HostObjects.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -9,12 +10,15 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTime>
-#include <QWidget>
+#include <QTimer>
+
+#include <chrono>
 
 namespace
 {
 constexpr int MostLines = 1000;
 constexpr int BarMargin = 4;
+constexpr std::chrono::seconds FrontTime{1};
 constexpr int WindowWidth = 520;
 constexpr int WindowHeight = 260;
 
@@ -50,13 +54,27 @@ QPlainTextEdit* MakeLog(QWidget* parent)
     });
     return log;
 }
+
+/// A station tells that it is up before its window shows, and where no window manager keeps order the newer window lies in
+/// front.
+void KeepInFront(QWidget* bar)
+{
+    auto* timer = new QTimer(bar);
+    QObject::connect(timer, &QTimer::timeout, bar, [bar] {
+        if (QApplication::activePopupWidget() == nullptr) {
+            bar->raise();
+        }
+    });
+    timer->start(FrontTime);
+}
 } // namespace
 
 /// The title must not hold the station's name: that would count as a station that runs.
-void ShowHostWindow(int barHeight)
+std::unique_ptr<QWidget> ShowHostWindow(int barHeight)
 {
     const bool isBar = barHeight > 0;
-    auto* window = new QWidget(nullptr, isBar ? BarFlags : Qt::WindowFlags());
+    auto shown = std::make_unique<QWidget>(nullptr, isBar ? BarFlags : Qt::WindowFlags());
+    QWidget* window = shown.get();
     window->setWindowTitle("CNC host");
     auto* rows = new QBoxLayout(isBar ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, window);
     auto* languageRow = new QHBoxLayout;
@@ -70,9 +88,10 @@ void ShowHostWindow(int barHeight)
         const QRect screen = QGuiApplication::primaryScreen()->geometry();
         window->setFixedHeight(barHeight);
         window->setGeometry(screen.x(), screen.y(), screen.width(), barHeight);
+        KeepInFront(window);
     } else {
         window->resize(WindowWidth, WindowHeight);
     }
     window->show();
-    Host.Announced = [window] { window->raise(); };
+    return shown;
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -57,14 +58,11 @@ void PrintLine(const QString& line)
     std::fflush(stdout);
 }
 
+/// Told before there is an application, since one with a window needs a display.
 bool WantsWindow(int argc, char** argv)
 {
-    for (int i = 1; i < argc; ++i) {
-        if (QByteArray(argv[i]) == "--no-window") {
-            return false;
-        }
-    }
-    return true;
+    const QByteArrayList without = {"--no-window", "--help", "-h"};
+    return std::none_of(argv + 1, argv + argc, [&](const char* word) { return without.contains(word); });
 }
 } // namespace
 
@@ -78,9 +76,7 @@ int main(int argc, char** argv)
         return WrongUse;
     }
     Host.Tell.emplace_back(PrintLine);
-    if (!options.NoWindow) {
-        ShowHostWindow(options.BarHeight);
-    }
+    const std::unique_ptr<QWidget> window = options.NoWindow ? nullptr : ShowHostWindow(options.BarHeight);
     QString reason;
     if (!OfferHost(reason)) {
         std::fprintf(stderr, "korvanta-host: %s\n", reason.toUtf8().constData());
