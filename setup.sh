@@ -9,6 +9,7 @@ packages=(
     libcli11-dev nlohmann-json3-dev
     pkg-config qt6-base-dev qt6-svg-dev libxcb1-dev
     dbus-bin dbus-daemon
+    linuxcnc-uspace
     xvfb openbox xdotool x11-utils imagemagick jq fonts-dejavu-core fonts-noto-cjk
 )
 
