@@ -159,11 +159,14 @@ std::vector<Spot> PlaceCopies(const std::vector<Contour>& contours, int columns,
     return copies;
 }
 
-void OpenSource(const std::string& source)
+void OpenSource(const std::string& source, const std::vector<std::string>& parameters)
 {
     const std::int16_t shape = ShapeIdOfName(source);
     if (shape != 0) {
         OpenShape(shape);
+        for (std::size_t i = 0; i < parameters.size(); ++i) {
+            SetText(AppState.ParamText[i], parameters[i]);
+        }
     } else {
         ASSERT_TRUE(OpenImport(ImportKind::Drawing,
                                std::string(KORVANTA_SOURCE_DIR) + "/station/DXF/" + source + ".dxf"));
@@ -205,13 +208,14 @@ std::vector<std::string> AllSources()
     return sources;
 }
 
-Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns)
+Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns,
+        const std::vector<std::string>& parameters)
 {
     const TempFolder station;
     PrepareStation(station, table, leads);
     StartCase();
     StartStation(station.Path, 1);
-    OpenSource(source);
+    OpenSource(source, parameters);
     if (AppState.ShapeId == 0 ||
         source == CornerEntry) { // other shapes are entered where they themselves say
         MoveLeadsOffCorners();

@@ -36,8 +36,9 @@ struct Job {
 /// The drawings of the station and the seventy shapes.
 std::vector<std::string> AllSources();
 
-/// Cuts it in this process, in a station folder of its own.
-Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns = 2);
+/// Cuts it in this process, in a station folder of its own. `parameters` of a shape stand in for its defaults, in their order.
+Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns = 2,
+        const std::vector<std::string>& parameters = {});
 
 /// The text of a shipped table, "ppr/GRBL_Laser.ini".
 std::string ShippedTable(const std::string& name);
