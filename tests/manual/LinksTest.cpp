@@ -28,7 +28,6 @@ std::vector<ManualPage> AllPages()
 
 /// Chapters that the contents name and nobody has written yet.
 const std::set<std::string> ChaptersToCome = {
-    "06-nesting.md",
     "07-drawings-and-programs.md",
 };
 
