@@ -10,14 +10,9 @@ build_station
 station=$window_pictures_work/station
 make_station "$station"
 # A plate of 100 x 70 with a slit of two lines in it.
-line() {
-    printf '0\nLINE\n8\n0\n10\n%s\n20\n%s\n11\n%s\n21\n%s\n' "$@"
-}
-{
-    printf '0\nSECTION\n2\nENTITIES\n'
-    line 0 0 100 0 && line 100 0 100 70 && line 100 70 0 70 && line 0 70 0 0
-    line 25 25 55 25 && line 55 25 70 50
-    printf '0\nENDSEC\n0\nEOF\n'
-} >"$station/DXF/SLIT.dxf"
+printf '%s\n' 0 SECTION 2 ENTITIES \
+    0 LINE 10 0 20 0 11 100 21 0 0 LINE 10 100 20 0 11 100 21 70 \
+    0 LINE 10 100 20 70 11 0 21 70 0 LINE 10 0 20 70 11 0 21 0 \
+    0 LINE 10 25 20 25 11 55 21 25 0 LINE 10 55 20 25 11 70 21 50 0 ENDSEC 0 EOF >"$station/DXF/SLIT.dxf"
 python3 docs/manual/pictures/leads.py "$station/korvanta-batch" "$station" "$target"
 sed 's/width="120" height="72"/width="360" height="216"/' src/qt/art/lead-help.svg >"$target/lead-help.svg"
