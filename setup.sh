@@ -11,6 +11,7 @@ packages=(
     dbus-bin dbus-daemon
     linuxcnc-uspace
     xvfb openbox xdotool x11-utils imagemagick jq fonts-dejavu-core fonts-noto-cjk
+    dpkg-dev file patchelf librsvg2-bin qmake6 lintian appstream desktop-file-utils man-db mmdebstrap uidmap
 )
 
 missing=()

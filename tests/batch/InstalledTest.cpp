@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
+#include <set>
 #include <sys/wait.h>
 
 using testing::HasSubstr;
@@ -64,6 +66,24 @@ TEST(Installed, WorksInTheUsersFolder)
     EXPECT_FALSE(installed.Folder.Holds("usr/share/korvanta/station/NEST"));
     EXPECT_EQ(installed.RunAtHome("MINE.nst --program AGAIN").Status, 0);
     EXPECT_TRUE(installed.Folder.Holds("home/Korvanta/PROGRAM/AGAIN.nc"));
+}
+
+/// The words of a text that begin with two dashes. A manual page writes each dash as "\\-".
+std::set<std::string> OptionsIn(const std::string& text)
+{
+    const std::string plain = std::regex_replace(text, std::regex(R"(\\-)"), "-");
+    const std::regex option("--[a-z][a-z-]*");
+    return {std::sregex_token_iterator(plain.begin(), plain.end(), option), std::sregex_token_iterator()};
+}
+
+TEST(Installed, ManualPageHasEachOption)
+{
+    const Installation installed;
+    const std::string page = installed.Folder.Path + "/page";
+    fs::copy_file(KORVANTA_SOURCE_DIR "/packaging/man/korvanta-batch.1", page);
+    const std::set<std::string> options = OptionsIn(installed.RunAtHome("--help").Output);
+    EXPECT_GT(options.size(), 10U);
+    EXPECT_EQ(OptionsIn(installed.Folder.Read("page")), options);
 }
 
 TEST(Installed, MakesNoFolderForAQuestion)
