@@ -5,6 +5,7 @@
 #include "batch/SilentScreen.h"
 #include "batch/StateJson.h"
 #include "batch/SvgSurface.h"
+#include "batch/TableCheck.h"
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "jobfiles/JobFiles.h"
@@ -336,6 +337,9 @@ void SaveResults(const BatchOptions& options, const std::string& nestingPath)
     }
     ClearProgress();
     WarnInputs();
+    for (const std::string& warning : ProgramWarnings()) {
+        std::fprintf(stderr, "warning: %s\n", warning.c_str());
+    }
 }
 } // namespace
 
