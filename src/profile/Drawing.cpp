@@ -101,7 +101,7 @@ void AddArrow(PartStrokes& strokes, const SurfacePen& pen, double x1, double y1,
 {
     Add(strokes, pen, LineStroke(x1, y1, x2, y2));
     const double back = angolo(y1 - y2, x1 - x2);
-    const double barb = std::fabs(AppState.ViewHeight) / BarbDivisor;
+    const double barb = BarbLength();
     for (const double turn : {BarbAngle, -BarbAngle}) {
         Add(strokes, pen,
             LineStroke(x2, y2, x2 + barb * std::cos(back + turn), y2 + barb * std::sin(back + turn)));
@@ -261,6 +261,11 @@ void DrawArc(Picture picture, double centreX, double centreY, double startX, dou
              double endY, double r)
 {
     DrawStroke(picture, ArcStroke(centreX, centreY, startX, startY, endX, endY, r), 0.0, 0.0);
+}
+
+double BarbLength()
+{
+    return std::fabs(AppState.ViewHeight) / BarbDivisor;
 }
 
 void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb)

@@ -43,6 +43,9 @@ void DrawPart(Picture picture, double x, double y, Flag marker);
 void DrawArc(Picture picture, double centreX, double centreY, double startX, double startY, double endX,
              double endY, double r);
 
+/// Length of an arrow's barb in the view in force.
+double BarbLength();
+
 /// A shaft from (x1, y1) to (x2, y2) with two barbs at its end, in `rgb`.
 void DrawArrow(Picture picture, double x1, double y1, double x2, double y2, std::uint32_t rgb);
 

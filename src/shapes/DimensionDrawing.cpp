@@ -14,7 +14,6 @@ namespace
 {
 constexpr double FreeShare = 0.2;     ///< of the drawing's box, on each side
 constexpr double MarkDivisor = 200.0; ///< a mark's arm is that part of the view's width
-constexpr double BarbDivisor = 80.0;  ///< a barb is that part of the view's height
 constexpr double LargerFont = 1.5;    ///< of a highlighted letter
 constexpr double FontDivisor = 36.0;  ///< pixels of the picture for a point of the font
 constexpr double LeastFont = 8.0;     ///< points
@@ -62,11 +61,6 @@ PlanePoint Along(const PlanePoint& from, double direction, double length)
 double Direction(const PlanePoint& from, const PlanePoint& to)
 {
     return angolo(to.Y - from.Y, to.X - from.X);
-}
-
-double BarbLength()
-{
-    return std::fabs(AppState.ViewHeight) / BarbDivisor;
 }
 
 double Distance(const PlanePoint& a, const PlanePoint& b)

@@ -92,6 +92,19 @@ TEST_F(MakeDrawings, TwoDimensionsForOneParameterAreTooMany)
     ExpectRefused("C-01: 'A' has 2 dimensions");
 }
 
+TEST_F(MakeDrawings, ADimensionOfAnotherLength)
+{
+    Change("circular", "shape C-01\nA: from (0, A/2) to (A, A/2), below", // the radius
+           "shape C-01\nA: from (A/2, A/2) to (A, A/2), below");
+    Change("rectangular",
+           "A: from (0, 0) to (0, A), left\nB: from (0, 0) to (B, 0), below\nC: from (D, A) to",
+           "A: from (0, 0) to (B, 0), below 2\nB: from (0, 0) to (B, 0), below\nC: from (D, A) to");
+    Change("holes", "R: from (c, m) to (c+R, m), straight", "R: from (c, m) to (c+R, m+R), straight");
+    ExpectRefused("C-01: 'A' measures something else");
+    EXPECT_THAT(Told, HasSubstr("R-18: 'A' measures something else"));
+    EXPECT_THAT(Told, HasSubstr("H-03: 'R' measures something else"));
+}
+
 TEST_F(MakeDrawings, ALetterOverALetter)
 {
     Change("rectangular", "F: from (0, 0) to (F, E), below 2",

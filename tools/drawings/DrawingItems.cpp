@@ -157,8 +157,39 @@ void CheckFoot(const DrawnDimension& dimension, const DrawnPlace& foot)
     }
 }
 
+/// A straight dimension is as long as its parameter says. Counts, angles, and a chord (which "beside" measures and is only
+/// about that long) have no such length.
+void CheckLength(const DrawnShape& shape, const DrawnDimension& dimension)
+{
+    const double across = std::fabs(dimension.To.X - dimension.From.X);
+    const double up = std::fabs(dimension.To.Y - dimension.From.Y);
+    double length = std::hypot(across, up);
+    switch (dimension.Where) {
+    case LinePlace::Left:
+    case LinePlace::Right:
+    case LinePlace::Upright:
+        length = up;
+        break;
+    case LinePlace::Above:
+    case LinePlace::Below:
+    case LinePlace::Level:
+        length = across;
+        break;
+    case LinePlace::Straight:
+        break;
+    case LinePlace::Beside:
+    case LinePlace::Arc:
+        return;
+    }
+    const bool count = dimension.Letter == "Nx" || dimension.Letter == "Ny";
+    if (!count && !(std::fabs(length - std::fabs(shape.Values.at(dimension.Letter))) < Tolerance)) {
+        throw std::runtime_error("'" + dimension.Letter + "' measures something else");
+    }
+}
+
 PictureItem DimensionItem(const DrawnShape& shape, DrawnDimension dimension, const OutlineBox& box)
 {
+    CheckLength(shape, dimension);
     OrderForLetter(dimension);
     PictureItem item{shape.ShapeId,
                      ItemDimension,
