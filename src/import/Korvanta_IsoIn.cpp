@@ -16,15 +16,6 @@ namespace
 /// An arc whose centre is closer than this to its start has no direction of its own.
 constexpr double NoRadius = 1e-9;
 
-/// The words of one line.
-struct IsoBlock {
-    std::int16_t Code = 0;
-    double X = 0.0;
-    double Y = 0.0;
-    double I = 0.0;
-    double J = 0.0;
-};
-
 bool InRange(double value)
 {
     return std::fabs(value) <= MaxIsoCoordinate;
@@ -36,65 +27,53 @@ bool Fail(const char* why)
     return false;
 }
 
-/// Adds one element from the modal position to `block`. `marks` counts the end marks that the split will need.
-bool AddMove(std::int16_t kind, const IsoBlock& block, const std::array<double, 3>& geo, std::int16_t side,
-             std::int32_t& marks)
+/// Adds the element of `move`. `marks` counts the end marks that the split will need.
+bool AddMove(std::int16_t kind, const IsoMove& move, const std::array<double, 3>& geo, std::int32_t& marks)
 {
     if (AppState.ElementCount > 0) {
         const ProfileElement& last = AppState.ElementTable[static_cast<std::size_t>(AppState.ElementCount)];
-        if (dpp(last.EndX, last.EndY, AppState.IsoX, AppState.IsoY) > Tolerance) {
+        if (dpp(last.EndX, last.EndY, move.StartX, move.StartY) > Tolerance) {
             ++marks;
         }
     }
     if (AppState.ElementCount + 1 + marks > MaxElements) {
         return Fail("the program has more moves than the station holds (32767, profile ends included)");
     }
-    AddElement(kind, AppState.IsoX, AppState.IsoY, geo[0], geo[1], geo[2], block.X, block.Y, side);
+    AddElement(kind, move.StartX, move.StartY, geo[0], geo[1], geo[2], move.EndX, move.EndY, move.Side);
     return true;
 }
 
-bool AddStraight(const IsoBlock& block, std::int16_t side, std::int32_t& marks)
+bool AddStraight(const IsoMove& move, std::int32_t& marks)
 {
-    if (dpp(AppState.IsoX, AppState.IsoY, block.X, block.Y) <= Tolerance) {
+    if (dpp(move.StartX, move.StartY, move.EndX, move.EndY) <= Tolerance) {
         return true;
     }
     GeoLine line{};
     std::int16_t err = 0;
-    r_pp(line, {0.0, AppState.IsoX, AppState.IsoY, 0.0}, {0.0, block.X, block.Y, 0.0}, err);
-    return AddMove(KindLine, block, {line[1], line[2], line[3]}, side, marks);
+    r_pp(line, {0.0, move.StartX, move.StartY, 0.0}, {0.0, move.EndX, move.EndY, 0.0}, err);
+    return AddMove(KindLine, move, {line[1], line[2], line[3]}, marks);
 }
 
-/// Turns I and J of `block` into the absolute centre.
-bool AddCurve(IsoBlock& block, bool incrementalCentre, std::int16_t side, std::int32_t& marks)
+bool MoveInRange(const IsoMove& move)
 {
-    double radius = 0.0;
-    if (incrementalCentre) {
-        radius = dpp(0.0, 0.0, block.I, block.J);
-        block.I += AppState.IsoX;
-        block.J += AppState.IsoY;
-    } else {
-        radius = dpp(AppState.IsoX, AppState.IsoY, block.I, block.J);
-    }
-    if (!InRange(block.I) || !InRange(block.J) || !InRange(radius)) {
-        return false;
-    }
-    if (radius < NoRadius) {
-        return AddStraight(block, side, marks);
-    }
-    return AddMove(KindArc, block, {block.I, block.J, block.Code == 2 ? -radius : radius}, side, marks);
+    const bool ends =
+        InRange(move.StartX) && InRange(move.StartY) && InRange(move.EndX) && InRange(move.EndY);
+    return ends && (move.Code == 1 || (InRange(move.I) && InRange(move.J) && InRange(move.Radius)));
 }
 
-bool AddBlock(IsoBlock& block, bool incrementalCentre, std::int16_t side, std::int32_t& marks)
+/// The element of a line, when it has one.
+bool AddLine(const IsoMove& move, std::int32_t& marks)
 {
-    if (block.Code < 1 || block.Code > 3) {
+    if (move.Code < 1 || move.Code > 3) {
         return true;
     }
-    const bool inRange =
-        InRange(AppState.IsoX) && InRange(AppState.IsoY) && InRange(block.X) && InRange(block.Y);
-    const bool added = inRange && (block.Code == 1 ? AddStraight(block, side, marks)
-                                                   : AddCurve(block, incrementalCentre, side, marks));
-    return added ||
-           (!AppState.ImportFailure.empty() ? false : Fail("a coordinate of the program is too large"));
+    if (!MoveInRange(move)) {
+        return Fail("a coordinate of the program is too large");
+    }
+    if (move.Code == 1 || std::fabs(move.Radius) < NoRadius) {
+        return AddStraight(move, marks);
+    }
+    return AddMove(KindArc, move, {move.I, move.J, move.Radius}, marks);
 }
 
 /// The file name without folders of either kind.
@@ -132,14 +111,19 @@ bool ImportIso(const std::string& name)
     AppState.ImportLeftOut.clear();
     AppState.ImportOpen.clear();
     AppState.ImportFailure.clear();
-    AppState.IsoMode = 0;
-    AppState.IsoX = AppState.IsoY = AppState.IsoI = AppState.IsoJ = 0.0;
+    StartIsoModes();
     if (ImportMoves(name)) {
         return true;
     }
     ClearPart();
     AppState.ImportOpen.clear();
     return false;
+}
+
+void StartIsoModes()
+{
+    AppState.IsoMode = 0;
+    AppState.IsoX = AppState.IsoY = AppState.IsoI = AppState.IsoJ = 0.0;
 }
 
 bool ReadIsoFile(const std::string& path)
@@ -149,7 +133,7 @@ bool ReadIsoFile(const std::string& path)
         return Fail("the file can't be read");
     }
     const bool incrementalCentre = ReadIncrementalCentre();
-    std::int16_t side = 0;
+    IsoMove move;
     std::int32_t marks = 1; // the last profile's
     std::string_view rest = content;
     std::string_view line;
@@ -157,23 +141,40 @@ bool ReadIsoFile(const std::string& path)
         if (line.find_first_of("GXYIJ") == std::string_view::npos) {
             continue;
         }
-        IsoBlock block;
-        block.Code = ReadGCode(line);
-        side = ReadSide(line, side);
-        block.X = ReadWord('X', line);
-        block.Y = ReadWord('Y', line);
-        block.I = ReadWord('I', line);
-        block.J = ReadWord('J', line);
-        if (!AddBlock(block, incrementalCentre, side, marks)) {
+        ReadIsoLine(line, incrementalCentre, move);
+        if (!AddLine(move, marks)) {
             return false;
         }
-        AppState.IsoX = block.X;
-        AppState.IsoY = block.Y;
-        AppState.IsoI = block.I;
-        AppState.IsoJ = block.J;
-        AppState.IsoMode = block.Code;
     }
     return true;
+}
+
+void ReadIsoLine(std::string_view line, bool incrementalCentre, IsoMove& move)
+{
+    move.Code = ReadGCode(line);
+    move.Side = ReadSide(line, move.Side);
+    move.StartX = AppState.IsoX;
+    move.StartY = AppState.IsoY;
+    move.EndX = ReadWord('X', line);
+    move.EndY = ReadWord('Y', line);
+    move.I = ReadWord('I', line);
+    move.J = ReadWord('J', line);
+    move.Radius = 0.0;
+    if (move.Code == 2 || move.Code == 3) {
+        if (incrementalCentre) {
+            move.Radius = dpp(0.0, 0.0, move.I, move.J);
+            move.I += move.StartX;
+            move.J += move.StartY;
+        } else {
+            move.Radius = dpp(move.StartX, move.StartY, move.I, move.J);
+        }
+        move.Radius = move.Code == 2 ? -move.Radius : move.Radius;
+    }
+    AppState.IsoX = move.EndX;
+    AppState.IsoY = move.EndY;
+    AppState.IsoI = move.I;
+    AppState.IsoJ = move.J;
+    AppState.IsoMode = move.Code;
 }
 
 std::int16_t ReadGCode(std::string_view line)

@@ -18,6 +18,26 @@ bool ImportIso(const std::string& name);
 /// end marks that the split will insert pass MaxElements. Needs empty tables and the modal values at 0.
 bool ReadIsoFile(const std::string& path);
 
+/// What a line makes of the modal values: its move, when Code is 1 to 3.
+struct IsoMove {
+    std::int16_t Code = 0; ///< the modal code when the line has none of its own
+    std::int16_t Side = 0; ///< of the line; before the call that of the line before
+    double StartX = 0.0;   ///< the modal position before the line
+    double StartY = 0.0;
+    double EndX = 0.0;
+    double EndY = 0.0;
+    double I = 0.0; ///< of codes 2 and 3 the absolute centre
+    double J = 0.0;
+    double Radius = 0.0; ///< of codes 2 and 3, > 0 counter-clockwise
+};
+
+/// Puts the modal values to 0, as they are ahead of the first line.
+void StartIsoModes();
+
+/// Reads one line into `move` and takes it into the modal values. Adds no element and leaves nothing out: short moves
+/// and large numbers are the caller's. Called by ReadIsoFile for each line that holds a word, and by the verification.
+void ReadIsoLine(std::string_view line, bool incrementalCentre, IsoMove& move);
+
 /// Largest size of a coordinate or radius of an element. The box of a part ends at 100000; a number a hundred times
 /// that is a damaged file, and such numbers squared would no longer hold the tolerance.
 inline constexpr double MaxIsoCoordinate = 1e7;
