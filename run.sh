@@ -29,7 +29,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 echo "No display here: korvanta-batch cuts a sample drawing instead of the station's window."
-"$station/korvanta-batch" BRACKET.dxf --program BRACKET \
+"$station/korvanta-batch" BRACKET.dxf --program BRACKET --verify \
     --set "Move Step=1" --set "LeadIn : A=3" --set "LeadIn : B=1.5" --key CopyLeads \
     --set "X Sheet=1000" --set "Y Sheet=500" --set "Kerf=1.2" --set "X Gap=8" --set "Y Gap=8" --set "Nesting=1"
 program=$(find "$station" -name 'BRACKET*' -path '*PROGRAM*' ! -name '*.part' | head -n 1)

@@ -81,7 +81,12 @@ Examples:
   What the station made of an ISO program, as JSON:
     korvanta-batch ./old.iso --json - --quiet
 
-Exit status: 0 done; 1 the part or its program could not be made; 2 wrong use.)";
+  A program that is read back and compared with the part before it counts:
+    korvanta-batch bracket.dxf --program BRACKET --verify
+
+Exit status: 0 done; 1 the part or its program could not be made, or --verify
+found a difference; 2 wrong use; 3 written, but --verify can't read programs of
+this post-processor table.)";
 
 std::string AbsolutePath(const std::string& path)
 {
@@ -264,6 +269,9 @@ void DeclareOptions(CLI::App& app, BatchOptions& options, RawOptions& raw)
     app.add_option("--json", options.Json, "Write the finished state to FILE, - for standard output")
         ->type_name("FILE");
     app.add_option("--svg", options.Svg, "Draw the part with its leads into FILE")->type_name("FILE");
+    app.add_flag("--verify", options.Verify,
+                 "Read the written program back and compare each cut of each\n"
+                 "copy with the part; a difference is status 1");
     app.add_flag("--remember", options.Remember, "Keep lead values in Korvanta.ini, as the station does");
     app.add_flag("--quiet", options.Quiet, "No result lines, no progress; warnings stay");
 }
@@ -293,6 +301,9 @@ void TakeOptions(const CLI::App& app, BatchOptions& options, const RawOptions& r
         CheckDelete(options);
     } else if (Trim(options.Source).empty() && !options.ListShapes) {
         throw CLI::ValidationError("SOURCE", "a shape, a drawing, an ISO program or a job is needed");
+    }
+    if (options.Verify && raw.ProgramOption->count() == 0 && raw.SaveOption->count() == 0) {
+        throw CLI::ValidationError("--verify", "goes with --program or --save");
     }
     options.ShapeId = ShapeIdOfName(UpperCase(options.Source));
     for (const std::string& parameter : raw.Parameters) {

@@ -34,18 +34,20 @@ struct BatchOptions {
     std::array<std::optional<std::string>, PprInputSlots + 1> Inputs; ///< slots from 1
     std::string Program;                                              ///< empty: none is written
     std::string Save;                                                 ///< name of a job; empty: none is saved
-    std::string Delete; ///< name of a job to delete, and nothing else
-    std::string Out;    ///< absolute; empty: NC_PATH
-    std::string Json;   ///< absolute, or "-"; empty: none
-    std::string Svg;    ///< absolute; empty: none
+    std::string Delete;  ///< name of a job to delete, and nothing else
+    std::string Out;     ///< absolute; empty: NC_PATH
+    std::string Json;    ///< absolute, or "-"; empty: none
+    std::string Svg;     ///< absolute; empty: none
+    bool Verify = false; ///< read each written program back and compare it with the part
     bool Remember = false;
     bool Quiet = false;
 };
 
 /// Exit statuses.
 inline constexpr int StatusDone = 0;
-inline constexpr int StatusFailed = 1;   ///< the part or its program could not be made
-inline constexpr int StatusWrongUse = 2; ///< the command line makes no sense
+inline constexpr int StatusFailed = 1;     ///< the part or its program could not be made
+inline constexpr int StatusWrongUse = 2;   ///< the command line makes no sense
+inline constexpr int StatusUnverified = 3; ///< written, but --verify can't read programs of this table
 
 /// The folder that the running program lies in, without a trailing separator.
 std::string ProgramFolder();

@@ -14,6 +14,7 @@
 #include "platform/Paths.h"
 #include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
+#include "post/Verification.h"
 #include "shapes/Korvanta_Parameters.h"
 #include "shell/InputScreen.h"
 #include "shell/Korvanta_Interface.h"
@@ -276,7 +277,7 @@ bool WritesProgram(const BatchOptions& options)
 }
 
 /// Results go to standard output, unless the JSON is there: then it stands alone.
-void PrintResults(const BatchOptions& options, std::int64_t copies)
+void PrintResults(const BatchOptions& options, std::int64_t copies, const std::string& verified)
 {
     std::FILE* to = options.Json == "-" ? stderr : stdout;
     std::fprintf(to, "Copies: %lld\n", static_cast<long long>(copies));
@@ -286,6 +287,7 @@ void PrintResults(const BatchOptions& options, std::int64_t copies)
     if (WritesProgram(options)) {
         std::fprintf(to, "Program: %s\n", NativePath(AppState.ProgramPath).c_str());
     }
+    std::fputs(verified.c_str(), to);
 }
 
 /// A plain file appears only when it is complete; devices and pipes are written as they stand.
@@ -322,24 +324,72 @@ void SaveAsJob(const std::string& name)
     LeaveSaveMode();
 }
 
-/// Program and job, as far as they are asked for. `nestingPath` is the station's own.
-void SaveResults(const BatchOptions& options, const std::string& nestingPath)
+/// The differences that were found, and the program out of use.
+void RejectProgram(const Verification& verification)
+{
+    const std::string path = NativePath(AppState.ProgramPath);
+    for (const std::string& difference : verification.Differences) {
+        std::fprintf(stderr, "%s\n", difference.c_str());
+    }
+    const std::int64_t more =
+        verification.DifferenceCount - static_cast<std::int64_t>(verification.Differences.size());
+    if (more > 0) {
+        std::fprintf(stderr, "and %lld more\n", static_cast<long long>(more));
+    }
+    const bool withdrawn = WithdrawProgram();
+    std::fprintf(stderr, "korvanta-batch: %s differs from the part%s\n", path.c_str(),
+                 withdrawn ? "; it stands under that name + .part" : "");
+}
+
+/// Reads the program that was just written back; `verified` becomes the line that tells so. The exit status that it
+/// asks for.
+int VerifyWritten(const BatchOptions& options, std::string& verified)
+{
+    if (!options.Verify) {
+        return StatusDone;
+    }
+    ClearProgress();
+    const Verification verification = VerifyProgram();
+    if (verification.Outcome == VerifyOutcome::Different) {
+        RejectProgram(verification);
+        return StatusFailed;
+    }
+    if (verification.Outcome == VerifyOutcome::Unreadable) {
+        std::fprintf(stderr, "korvanta-batch: %s is written but not verified: %s\n",
+                     NativePath(AppState.ProgramPath).c_str(), verification.Reason.c_str());
+        return StatusUnverified;
+    }
+    verified = "Verified: " + std::to_string(verification.Cuts) + " cuts, " +
+               std::to_string(verification.Moves) + " moves" +
+               (verification.Sides ? "" : "; no compensation") + "\n";
+    return StatusDone;
+}
+
+/// Program and job, as far as they are asked for. `nestingPath` is the station's own. The exit status; a program that
+/// differs from the part ends the saving. `verified` tells of the verification.
+int SaveResults(const BatchOptions& options, const std::string& nestingPath, std::string& verified)
 {
     if (!options.Out.empty()) {
         AppState.NcPath = WithBackslash(options.Out);
     }
+    ProgramFile.KeepSum = options.Verify;
+    int status = StatusDone;
     if (!options.Program.empty()) {
         GenerateProgram(options.Program);
+        status = VerifyWritten(options, verified);
     }
-    if (!options.Save.empty()) {
+    if (!options.Save.empty() && status != StatusFailed) {
         AppState.NestingPath = nestingPath;
         SaveAsJob(options.Save);
+        const int saved = VerifyWritten(options, verified);
+        status = saved == StatusFailed ? saved : std::max(status, saved);
     }
     ClearProgress();
     WarnInputs();
     for (const std::string& warning : ProgramWarnings()) {
         std::fprintf(stderr, "warning: %s\n", warning.c_str());
     }
+    return status;
 }
 } // namespace
 
@@ -403,8 +453,13 @@ int RunRoad(const BatchOptions& options)
         RunStep(step);
     }
     GoToScreen(ScreenNesting);
+    int status = StatusDone;
+    std::string verified;
     if (WritesProgram(options)) {
-        SaveResults(options, nestingPath);
+        status = SaveResults(options, nestingPath, verified);
+        if (status == StatusFailed) {
+            return status;
+        }
     } else {
         WarnIdleOptions(options);
     }
@@ -412,7 +467,7 @@ int RunRoad(const BatchOptions& options)
     WarnPart(copies);
     WarnLeads();
     if (!options.Quiet) {
-        PrintResults(options, copies);
+        PrintResults(options, copies, verified);
     }
     if (!options.Json.empty()) {
         WriteJson(options, StateJson(WritesProgram(options)));
@@ -423,5 +478,5 @@ int RunRoad(const BatchOptions& options)
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         throw RunTimeFault("can't write to standard output");
     }
-    return StatusDone;
+    return status;
 }

@@ -118,6 +118,11 @@ void PutInPlace(const std::string& path, bool settle)
     }
 }
 
+bool TakeNameAway(const std::string& path)
+{
+    return std::rename(NativePath(path).c_str(), SecondNameOf(path).c_str()) == 0;
+}
+
 void DropSecondName(const std::string& path) noexcept
 {
     try {

@@ -27,5 +27,9 @@ void PutInPlace(const std::string& path, bool settle = true);
 /// The step of PutInPlace alone: false, with errno telling why, and the second name stays.
 bool TakeName(const std::string& path, bool settle);
 
+/// Gives a finished file the second name instead of its own: nobody takes it for one of use any more. False when it can't
+/// be done.
+bool TakeNameAway(const std::string& path);
+
 /// Takes the second name away, if it is there.
 void DropSecondName(const std::string& path) noexcept;

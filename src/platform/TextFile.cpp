@@ -4,6 +4,7 @@
 #include "platform/Paths.h"
 #include "platform/SafeFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -120,6 +121,7 @@ void OpenText(TextWriter& writer, const std::string& path, OldFile old)
 {
     AbandonText(writer);
     writer.Path = path;
+    writer.Sum = 0;
     writer.Buffer.clear();
     writer.Buffer.reserve(WriteBufferSize + WriteBufferSize / 4);
     if (old == OldFile::Removed && !DeleteFileIfThere(path)) {
@@ -135,6 +137,9 @@ void OpenText(TextWriter& writer, const std::string& path, OldFile old)
 
 void WriteTextLine(TextWriter& writer, std::string_view line)
 {
+    if (writer.KeepSum) {
+        writer.Sum = AddToSum(writer.Sum, line);
+    }
     writer.Buffer.append(line).append("\r\n", 2);
     FlushWhenFull(writer);
 }
@@ -179,4 +184,67 @@ void WriteWholeText(const std::string& path, std::string_view content)
     }
     writer.Buffer.append(content.substr(from));
     CloseText(writer);
+}
+
+std::uint64_t AddToSum(std::uint64_t sum, std::string_view line)
+{
+    constexpr std::uint64_t prime = 0x100000001B3U; // 64-bit FNV-1a
+    sum ^= 0xCBF29CE484222325U;
+    for (const char c : line) {
+        sum = (sum ^ static_cast<unsigned char>(c)) * prime;
+    }
+    return (sum ^ '\n') * prime;
+}
+
+bool OpenForReading(TextReader& reader, const std::string& path)
+{
+    CloseReader(reader);
+    reader = TextReader();
+    if (!FileExists(path)) {
+        return false;
+    }
+    reader.Handle = std::fopen(NativePath(path).c_str(), "rbe");
+    if (reader.Handle != nullptr) {
+        std::setvbuf(reader.Handle, nullptr, _IONBF, 0); // Buffer is the buffer
+    }
+    return reader.Handle != nullptr;
+}
+
+bool ReadTextLine(TextReader& reader, std::string_view& line)
+{
+    std::size_t end = reader.Buffer.find('\n', reader.At);
+    while (end == std::string::npos && reader.Buffer.size() - reader.At < ReadBlockSize) {
+        reader.Buffer.erase(0, reader.At);
+        reader.At = 0;
+        const std::size_t held = reader.Buffer.size();
+        reader.Buffer.resize(held + ReadBlockSize);
+        const std::size_t got = reader.Handle == nullptr ? 0
+                                                         : std::fread(reader.Buffer.data() + held, 1,
+                                                                      ReadBlockSize, reader.Handle);
+        reader.Buffer.resize(held + got);
+        if (got == 0) {
+            break;
+        }
+        end = reader.Buffer.find('\n', held);
+    }
+    if (reader.At == reader.Buffer.size()) {
+        return false;
+    }
+    const std::size_t limit = std::min(reader.Buffer.size(), reader.At + ReadBlockSize);
+    const std::size_t stop = std::min(end, limit);
+    line = std::string_view(reader.Buffer).substr(reader.At, stop - reader.At);
+    reader.At = stop + (stop == end ? 1 : 0);
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    ++reader.Lines;
+    return true;
+}
+
+void CloseReader(TextReader& reader) noexcept
+{
+    if (reader.Handle != nullptr) {
+        std::fclose(reader.Handle);
+        reader.Handle = nullptr;
+    }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -28,7 +29,9 @@ struct TextWriter {
     std::FILE* Handle = nullptr;
     std::string Path; ///< the finished file's name, as the operator writes it
     OldFile Old = OldFile::Removed;
-    std::string Buffer; ///< bytes not yet handed to the system
+    std::string Buffer;    ///< bytes not yet handed to the system
+    bool KeepSum = false;  ///< asked for before the file is opened; WriteTextLine keeps Sum then
+    std::uint64_t Sum = 0; ///< of all lines so far, see AddToSum
 };
 
 /// Opens path + ".part" for writing. A failure is a RunTimeFault that names the file and the reason.
@@ -47,3 +50,23 @@ void AbandonText(TextWriter& writer) noexcept;
 /// Writes a whole text at once under its finished name (through ".part"), each bare LF as CR LF.
 /// RunTimeFault on failure.
 void WriteWholeText(const std::string& path, std::string_view content);
+
+/// The sum of a text with one more line: two texts with the same sum are the same, by all human measure.
+std::uint64_t AddToSum(std::uint64_t sum, std::string_view line);
+
+/// A text being read line by line, so that its size doesn't matter.
+struct TextReader {
+    std::FILE* Handle = nullptr;
+    std::string Buffer; ///< bytes read and not yet handed out, from At on
+    std::size_t At = 0;
+    std::int64_t Lines = 0; ///< handed out so far
+};
+
+/// Opens a plain file; what `reader` had open is closed. False when it can't be read.
+bool OpenForReading(TextReader& reader, const std::string& path);
+
+/// The next line without its LF or CR LF; it holds until the next call. A line beyond 64 KiB with its end comes in pieces. False at
+/// the end.
+bool ReadTextLine(TextReader& reader, std::string_view& line);
+
+void CloseReader(TextReader& reader) noexcept;

@@ -103,6 +103,9 @@ void WriteCircular(std::int16_t file, std::string_view vector);
 /// Position of the nest's first cell in the program: within the edge, or with the path cursor's point at zero.
 void ProgramOrigin(double& x, double& y);
 
+/// Note for the control beside the program, with FTBLCNC=YES: the name of the last program.
+inline constexpr const char* HandOverFile = "ftblcnc.dat";
+
 /// File name of the program of job `name`: folders and all from the first "." cut, FILE_EXTENSION added.
 std::string ProgramFileName(const std::string& name);
 

@@ -20,7 +20,6 @@ namespace
 {
 constexpr std::string_view ConfigSection = "PartProgram_CONFIG";
 constexpr std::string_view SimulationName = "SIMULA";
-constexpr const char* HandOverFile = "ftblcnc.dat";
 constexpr double BoundsStart = 1e37; ///< limits of a copy without a move stay there
 
 /// Values of Walk::SubMode.
@@ -503,11 +502,13 @@ void GenerateProgram(const std::string& name, OldFile old)
     AppState.ProgramPath.clear();
     AppState.ProgramLines = 0;
     AppState.ProgramCopies = 0;
+    AppState.ProgramSum = 0;
     OpenProgram(walk, name, old);
     WalkProgram(walk);
     CloseText(ProgramFile);
     AppState.ProgramPath = AppState.NcPath + AppState.OutputName;
     AppState.ProgramCopies = walk.CopyNr;
+    AppState.ProgramSum = ProgramFile.Sum;
     if (ReadConfig("CONFIG", "FTBLCNC", "NO") == "YES") {
         WriteWholeText(AppState.NcPath + HandOverFile, UpperCase(AppState.OutputName) + "\r\n");
     }

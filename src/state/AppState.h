@@ -263,6 +263,7 @@ struct AppStateRecord {
     std::string ProgramPath;        ///< folder + name of the last written program
     std::int64_t ProgramLines = 0;  ///< its lines
     std::int64_t ProgramCopies = 0; ///< its copies
+    std::uint64_t ProgramSum = 0;   ///< of its lines, when ProgramFile.KeepSum asked for it, else 0
     double ProgramMinX = 0.0;       ///< low corner of all leads, at most 0
     double ProgramMinY = 0.0;
     double ProgramMaxX = 0.0; ///< largest X and Y since the program was started, never reset

@@ -21,6 +21,7 @@
 namespace
 {
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 using namespace std::string_view_literals;
 using testing::AllOf;
 using testing::HasSubstr;
@@ -252,5 +253,84 @@ TEST(TextWriters, EndTheLinesOfWholeTexts)
     EXPECT_EQ(written("no end"), "no end");
     EXPECT_EQ(written(""), "");
     EXPECT_EQ(written("a\rb"), "a\rb");
+}
+
+std::vector<std::string> ReadLines(const std::string& path)
+{
+    TextReader reader;
+    EXPECT_TRUE(OpenForReading(reader, path));
+    std::vector<std::string> lines;
+    std::string_view line;
+    while (ReadTextLine(reader, line)) {
+        lines.emplace_back(line);
+    }
+    EXPECT_EQ(reader.Lines, static_cast<std::int64_t>(lines.size()));
+    EXPECT_FALSE(ReadTextLine(reader, line));
+    CloseReader(reader);
+    return lines;
+}
+
+TEST(TextReaders, GiveLineByLine)
+{
+    StartCase();
+    const TempFolder folder;
+    using testing::ElementsAre;
+    EXPECT_THAT(ReadLines(folder.Write("a.nc", "one\r\ntwo\n\nlast")), ElementsAre("one", "two", "", "last"));
+    EXPECT_THAT(ReadLines(folder.Write("b.nc", "one\r\n\r\n")), ElementsAre("one", ""));
+    EXPECT_THAT(ReadLines(folder.Write("c.nc", "")), ElementsAre());
+    EXPECT_THAT(ReadLines(folder.Write("d.nc", "a\rb\0c\n"sv)), ElementsAre("a\rb\0c"s));
+    TextReader reader;
+    EXPECT_FALSE(OpenForReading(reader, folder.Path + "/none.nc"));
+    EXPECT_FALSE(OpenForReading(reader, folder.Path));
+    std::string_view line;
+    EXPECT_FALSE(ReadTextLine(reader, line));
+}
+
+TEST(TextReaders, MeetLineEndsAtEachPlaceOfTheirBuffer)
+{
+    StartCase();
+    const TempFolder folder;
+    constexpr std::size_t block = 65536;
+    for (std::size_t length = block - 5; length <= block - 2; ++length) {
+        const std::string first(length, 'a');
+        const std::string second(length / 2, 'b');
+        const std::vector<std::string> wanted = {first, second, first};
+        EXPECT_TRUE(ReadLines(folder.Write("a.nc", first + "\r\n" + second + "\r\n" + first)) == wanted)
+            << length;
+    }
+    // longer ones come in pieces, and nothing is lost
+    const std::string endless(3 * block + 7, 'x');
+    std::string together;
+    for (const std::string& piece : ReadLines(folder.Write("b.nc", endless + "\n"))) {
+        EXPECT_LE(piece.size(), block);
+        together += piece;
+    }
+    EXPECT_TRUE(together == endless);
+}
+
+TEST(TextSums, TellTextsApart)
+{
+    StartCase();
+    const TempFolder folder;
+    const auto sumOf = [&folder](std::initializer_list<const char*> lines, bool keep = true) {
+        TextWriter writer;
+        writer.KeepSum = keep;
+        OpenText(writer, folder.Path + "\\a.nc");
+        std::uint64_t sum = 0;
+        for (const char* line : lines) {
+            WriteTextLine(writer, line);
+            sum = AddToSum(sum, line);
+        }
+        CloseText(writer);
+        EXPECT_EQ(writer.Sum, keep ? sum : 0);
+        return sum;
+    };
+    const std::uint64_t sum = sumOf({"G00 X1", "M03"});
+    EXPECT_EQ(sumOf({"G00 X1", "M03"}), sum);
+    EXPECT_NE(sumOf({"G00 X2", "M03"}), sum);
+    EXPECT_NE(sumOf({"M03", "G00 X1"}), sum);
+    EXPECT_NE(sumOf({"G00 X1M03"}), sum);
+    EXPECT_NE(sumOf({"G00 X1", "", "M03"}), sum);
+    sumOf({"G00 X1"}, false);
 }
 } // namespace
