@@ -9,6 +9,7 @@
 namespace
 {
 constexpr char AnySource[] = "R-20"; // a plate with four holes
+const Changes OneCopy = {1, {}, 0.0, 0, 1.0, false};
 
 struct BrokenRow {
     const char* What;
@@ -32,7 +33,7 @@ std::string Broken(const std::string& program, const BrokenRow& row)
 
 Job SoundJob(const char* table)
 {
-    return Cut(AnySource, ShippedTable(table), {}, 1);
+    return Cut(AnySource, ShippedTable(table), {}, OneCopy);
 }
 
 class BrokenForLinuxCnc : public testing::TestWithParam<BrokenRow>

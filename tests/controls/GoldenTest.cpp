@@ -18,6 +18,8 @@
 
 namespace
 {
+const Changes Plate = {2, {"60", "40", "40", "20"}, 0.0, 0, 1.0, false};
+
 class Golden : public testing::TestWithParam<std::string>
 {
 };
@@ -30,8 +32,7 @@ TEST_P(Golden, Program)
 {
     const std::string path =
         std::string(KORVANTA_SOURCE_DIR) + "/tests/golden/controls/" + GetParam() + ".nc";
-    Job job = Cut("C-09", ShippedTable("ppr/" + GetParam() + ".ini"), {4.0, 2.0, 0.0, 0.0}, 2,
-                  {"60", "40", "40", "20"});
+    Job job = Cut("C-09", ShippedTable("ppr/" + GetParam() + ".ini"), {4.0, 2.0, 0.0, 0.0}, Plate);
     std::string& program = job.Program;
     EXPECT_EQ(std::count(program.begin(), program.end(), '\r'),
               std::count(program.begin(), program.end(), '\n'));

@@ -174,6 +174,18 @@ void OpenSource(const std::string& source, const std::vector<std::string>& param
     NextCamTab();
     ASSERT_EQ(AppState.ScreenState, ScreenCutting) << source;
 }
+
+void ChangePart(const Changes& changes)
+{
+    SetText(AppState.TextCutting[FieldAngle], Text(changes.Angle));
+    SetText(AppState.TextCutting[FieldMirror], Text(changes.Mirror));
+    SetText(AppState.TextCutting[FieldScale], Text(changes.Scale));
+    ApplyTransform(changes.Angle, static_cast<std::int16_t>(changes.Mirror), changes.Scale, FlagOff);
+    for (std::int32_t profile = 1; changes.Turned && profile <= AppState.ProfileCount; ++profile) {
+        ToggleProfileSense(profile);
+    }
+}
+
 bool IsOpen(std::int32_t profile)
 {
     return AppState.ElementTable[static_cast<std::size_t>(EndMarkOf(profile))].GeoB == 0.0;
@@ -208,27 +220,27 @@ std::vector<std::string> AllSources()
     return sources;
 }
 
-Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns,
-        const std::vector<std::string>& parameters)
+Job Cut(const std::string& source, const std::string& table, const Leads& leads, const Changes& changes)
 {
     const TempFolder station;
     PrepareStation(station, table, leads);
     StartCase();
     StartStation(station.Path, 1);
-    OpenSource(source, parameters);
+    OpenSource(source, changes.Parameters);
+    ChangePart(changes);
     if (AppState.ShapeId == 0 ||
         source == CornerEntry) { // other shapes are entered where they themselves say
         MoveLeadsOffCorners();
     }
     NextCamTab();
-    SetText(AppState.TextNesting[FieldSheetX], "*" + std::to_string(columns));
+    SetText(AppState.TextNesting[FieldSheetX], "*" + std::to_string(changes.Columns));
     ApplySheetEntries(0);
     SetText(AppState.TextNesting[FieldSheetY], "*1");
     ApplySheetEntries(1);
     ComputeLayout();
     AppState.JobName = "JOB";
     GenerateProgram("JOB");
-    EXPECT_EQ(AppState.ProgramCopies, columns) << source;
+    EXPECT_EQ(AppState.ProgramCopies, changes.Columns) << source;
 
     Job job;
     job.Name = source;
@@ -238,7 +250,8 @@ Job Cut(const std::string& source, const std::string& table, const Leads& leads,
         job.MarkPoints.push_back({AppState.MarkPoints[i].X, AppState.MarkPoints[i].Y});
     }
     FindScrap(job.Contours, AppState.ShapeId >= FamilyHoles);
-    job.Copies = PlaceCopies(job.Contours, columns, table.find("\nSUBPROGRAMS=YES") != std::string::npos);
+    job.Copies =
+        PlaceCopies(job.Contours, changes.Columns, table.find("\nSUBPROGRAMS=YES") != std::string::npos);
     job.LeadsUsed = leads;
     return job;
 }

@@ -36,9 +36,18 @@ struct Job {
 /// The drawings of the station and the seventy shapes.
 std::vector<std::string> AllSources();
 
-/// Cuts it in this process, in a station folder of its own. `parameters` of a shape stand in for its defaults, in their order.
-Job Cut(const std::string& source, const std::string& table, const Leads& leads, int columns = 2,
-        const std::vector<std::string>& parameters = {});
+/// How an order differs from two copies side by side of the part as it is.
+struct Changes {
+    int Columns = 2;
+    std::vector<std::string> Parameters; ///< of a shape, in place of its defaults, in their order
+    double Angle = 0.0;                  ///< degrees
+    int Mirror = 0;                      ///< as in the field
+    double Scale = 1.0;
+    bool Turned = false; ///< every profile in its other direction
+};
+
+/// Cuts it in this process, in a station folder of its own.
+Job Cut(const std::string& source, const std::string& table, const Leads& leads, const Changes& changes = {});
 
 /// The text of a shipped table, "ppr/GRBL_Laser.ini".
 std::string ShippedTable(const std::string& name);

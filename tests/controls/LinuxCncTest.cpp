@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <functional>
 #include <ostream>
+#include <set>
 
 namespace
 {
@@ -93,7 +94,8 @@ struct VariantRow {
     Leads LeadsUsed;
     double Radius; ///< half the kerf of the table's question; 0 where no word is written
     bool Increments;
-    Take Sources; ///< all, or the drawings and every sixth shape
+    Take Sources;      ///< all, or the drawings and every sixth shape
+    Changes Part = {}; ///< what was done to it on the Cutting screen
 };
 
 constexpr char Plasma[] = "ppr/LinuxCNC_Plasma.ini";
@@ -106,6 +108,8 @@ const VariantRow Variants[] = {
     {"Plasma", Plasma, AsShipped, Short, 0.75, false, Take::All},
     {"PlasmaLongLeads", Plasma, AsShipped, AsStarted, 0.75, false, Take::Some},
     {"PlasmaLeadOut", Plasma, AsShipped, BothEnds, 0.75, false, Take::Some},
+    {"PlasmaMirrored", Plasma, AsShipped, Short, 0.75, false, Take::All, {2, {}, 33.0, 1, 1.3, false}},
+    {"PlasmaTurned", Plasma, AsShipped, Short, 0.75, false, Take::All, {2, {}, 0.0, 0, 1.0, true}},
     {"PlasmaUncompensated", Plasma, WithoutWords, Short, 0.0, false, Take::All},
     {"PlasmaByRadius", Plasma, ByRadius, Short, 0.75, false, Take::All},
     {"PlasmaSubPerPart", Plasma, SubPerPart, Short, 0.75, true, Take::All},
@@ -127,6 +131,10 @@ void PrintTo(const VariantRow& row, std::ostream* out)
     *out << row.Table;
 }
 
+/// Outlines of two open halves, each with an entry of its own. In the other direction the entry comes last, and the torch
+/// steps aside along the contour itself: nobody turns them.
+const std::set<std::string> Halves = {"R-41", "C-25", "C-26"};
+
 std::vector<std::string> SourcesOf(const VariantRow& row)
 {
     constexpr std::size_t Drawings = 4;
@@ -134,7 +142,8 @@ std::vector<std::string> SourcesOf(const VariantRow& row)
     std::vector<std::string> sources;
     const std::vector<std::string> all = AllSources();
     for (std::size_t i = 0; i < all.size(); ++i) {
-        if (row.Sources == Take::All || i < Drawings || i % Each == 0) {
+        const bool taken = row.Sources == Take::All || i < Drawings || i % Each == 0;
+        if (taken && !(row.Part.Turned && Halves.count(all[i]) > 0)) {
             sources.push_back(all[i]);
         }
     }
@@ -190,7 +199,7 @@ TEST_P(LinuxCnc, CutsEveryDrawingAndShapeBesideItsContour)
     const bool byRadius = table.find("\nRADIUS=)R") != std::string::npos;
     for (const std::string& source : SourcesOf(row)) {
         SCOPED_TRACE(source);
-        const Job job = Cut(source, table, row.LeadsUsed);
+        const Job job = Cut(source, table, row.LeadsUsed, row.Part);
         const Interpreted run = Interpret(job.Program);
         if (byRadius && HasArcBeyondHalf(job)) {
             // The head of the table says so: such a program is refused, or comes out wrong.
