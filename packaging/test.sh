@@ -119,8 +119,7 @@ install_in() {
 as_user() {
     local root=$1 user=$2
     shift 2
-    chroot --userspec="$user:$user" "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME="/home/$user" DISPLAY="$DISPLAY" \
-        QT_QPA_PLATFORM=xcb "$@"
+    chroot --userspec="$user:$user" "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME="/home/$user" DISPLAY="$DISPLAY" "$@"
 }
 
 # --- the window ------------------------------------------------------------------------------------------------------
