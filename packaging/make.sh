@@ -6,7 +6,7 @@ root=$PWD
 packages=$root/build/packages
 
 cmake --preset release >/dev/null
-cmake --build --preset release --target korvanta korvanta-batch korvanta-painter drawings package_files
+cmake --build --preset release --target korvanta korvanta-batch korvanta-host korvanta-painter drawings package_files
 
 mkdir -p "$packages"
 rm -f "$packages"/korvanta_*.deb "$packages"/korvanta-*-portable.tar.gz

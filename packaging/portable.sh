@@ -17,7 +17,7 @@ mkdir -p "$folder/lib" "$folder/plugins" "$folder/licences"
 cp -r "$installed/share/korvanta/station/." "$folder/"
 cp -r "$installed/share/doc/korvanta/manual" "$folder/manual"
 cp "$root/LICENSE" "$folder/licences/korvanta.txt"
-cp "$installed"/bin/korvanta "$installed"/bin/korvanta-batch "$(find "$installed" -name korvanta-painter.so)" "$folder/"
+cp "$installed"/bin/* "$(find "$installed" -name korvanta-painter.so)" "$folder/"
 
 # What comes from the machine, so that it fits the machine: the C and C++ libraries, the graphics driver's side of OpenGL, the
 # plain X11 libraries, and fontconfig, whose settings and fonts are the machine's own.
@@ -50,7 +50,7 @@ while read -r soname path; do
 done <"$work/needed" >"$work/owners"
 
 # A search path of the old kind counts for the libraries of libraries, too: those stay as Debian built them.
-for program in korvanta korvanta-batch korvanta-painter.so; do
+for program in korvanta korvanta-batch korvanta-host korvanta-painter.so; do
     patchelf --force-rpath --set-rpath '$ORIGIN/lib' "$folder/$program"
 done
 printf '[Paths]\nPrefix=.\nPlugins=plugins\n' >"$folder/qt.conf"

@@ -183,7 +183,7 @@ check_files() {
     check "the entry of the menu is valid" desktop-file-validate "$work"/files/usr/share/applications/korvanta.desktop
     check "the AppStream data is valid" appstreamcli validate --no-net \
         "$work"/files/usr/share/metainfo/org.korvanta.Korvanta.metainfo.xml
-    for page in korvanta korvanta-batch; do
+    for page in korvanta korvanta-batch korvanta-host; do
         check "the page $page(1) has no fault" equal \
             "$(MANWIDTH=80 man --warnings -l "$work/files/usr/share/man/man1/$page.1.gz" 2>&1 >/dev/null)" ""
     done
@@ -240,6 +240,17 @@ check_batch() {
         sed -i "s|^PPR_INI=.*|PPR_INI=${name//\//\\\\}|" "$system/home/bruno/Korvanta/Korvanta.ini"
         check "the table $name writes a program" as_user "$system" bruno korvanta-batch PANEL.dxf --program TABLE --quiet
     done
+}
+
+check_host() {
+    step "Under a small host"
+    sed -i 's/^VELCOM=.*/VELCOM=YES/; s/^SCREEN_RES=.*/SCREEN_RES=60/' "$anna/Korvanta.ini"
+    start_window "$system" anna dbus-run-session -- sh -c 'korvanta-host --no-window --language 2 >/tmp/host.log & sleep 1; korvanta'
+    check "the window comes" window_shown "$title"
+    check "the host was told of it" await 10 test -s "$system/tmp/host.log"
+    press Escape F10
+    check "and goes" ended 0
+    sed -i 's/^VELCOM=.*/VELCOM=NO/; s/^SCREEN_RES=.*/SCREEN_RES=0/' "$anna/Korvanta.ini"
 }
 
 # A newer package: another catalogue, another table of a known name, one table more.
@@ -345,10 +356,12 @@ check_files
 
 step "Installing"
 cp "$deb" "$system/tmp/korvanta.deb"
-check "apt installs the package with what it depends on" install_in "$system" /tmp/korvanta.deb fonts-dejavu-core
+check "apt installs the package with what it depends on" install_in "$system" /tmp/korvanta.deb fonts-dejavu-core \
+    dbus
 rm "$system/tmp/korvanta.deb"
 check_window
 check_batch
+check_host
 check_upgrade
 check_purge
 
