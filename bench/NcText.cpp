@@ -2,6 +2,7 @@
 // the same numbers with std::to_chars and writes the same bytes. Counters: the ratio, and by how much memory at its peak
 // grows from 100 copies to 10,000 (the recorder of the progress bar alone takes some 0.5 MB of that).
 #include "post/Korvanta_PostProcessor.h"
+#include "post/Verification.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "support/RecordingScreen.h"
 
@@ -212,6 +213,45 @@ void NcText(benchmark::State& state)
     }
     fs::remove_all(folder);
 }
+
+/// The same program read back and compared with the part, against writing it. Memory must not grow with the nest.
+void VerifyText(benchmark::State& state)
+{
+    const fs::path folder = fs::temp_directory_path() / ("korvanta-verify-" + std::to_string(getpid()));
+    Prepare(folder);
+    std::ofstream(folder / "PPR.ini", std::ios::binary | std::ios::app)
+        << "[PartProgram_CONFIG]\nINC_CENTER=YES\n";
+    ProgramFile.KeepSum = true;
+    LayOut(10, 10);
+    GenerateProgram("SMALL");
+    if (VerifyProgram().Outcome != VerifyOutcome::Same) {
+        state.SkipWithError("the program isn't its part");
+        return;
+    }
+    LayOut(100, 100);
+    double program = 1e9;
+    double verify = 1e9;
+    double grown = 0.0;
+    for (auto unused : state) {
+        program = std::min(program, SecondsOf([] { GenerateProgram("NEST"); }));
+        Screen.Calls = {};
+        const double peak = PeakMegabytes();
+        Verification found;
+        const double seconds = SecondsOf([&found] { found = VerifyProgram(); });
+        grown = std::max(grown, PeakMegabytes() - peak);
+        state.SetIterationTime(seconds);
+        verify = std::min(verify, seconds);
+        if (found.Outcome != VerifyOutcome::Same) {
+            state.SkipWithError("the program isn't its part");
+        }
+    }
+    state.counters["lines"] = static_cast<double>(AppState.ProgramLines);
+    state.counters["times_writing"] = verify / program;
+    state.counters["peak_grown_MB"] = grown;
+    ProgramFile.KeepSum = false;
+    fs::remove_all(folder);
+}
 } // namespace
 
+BENCHMARK(VerifyText)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(NcText)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);

@@ -186,6 +186,32 @@ TEST(Verification, NamesWhatIsWrongWithALine)
         "copy 1, profile 2, element 2: end at X 100.000 Y 50.000 expected, X 0.000 Y 50.000 found (line 15)");
 }
 
+TEST(Verification, ANumberMayLackWhatIsCutOffAndNoMore)
+{
+    const VerifyStation station(Table, Plate);
+    EXPECT_EQ(station.Changed(15, "G01 X99.999 Y50.000 "), "");
+    EXPECT_THAT(station.Changed(15, "G01 X99.998 Y50.000 "), HasSubstr("end at X 100.000 Y 50.000 expected"));
+    EXPECT_THAT(station.Changed(15, "G01 X100.001 Y50.000 "),
+                HasSubstr("end at X 100.000 Y 50.000 expected"));
+    // below zero it is cut towards zero, too
+    EXPECT_EQ(station.Changed(19, "G01 X-7.999 Y25.000 "), "");
+    EXPECT_THAT(station.Changed(19, "G01 X-8.001 Y25.000 "), HasSubstr("end at X -8.000 Y 25.000 expected"));
+}
+
+TEST(Verification, ACircleMustNotShrinkToItsJoint)
+{
+    const VerifyStation station(Table, Plate);
+    // Each number may be a text of its own place, but from 24.999 to 25.000 a control turns by 0.001 in 10 and not once
+    // round.
+    Lines lines = PlateProgram;
+    lines[5] = "G03 X60.000 Y24.999 I0.000 J2.000";
+    EXPECT_EQ(station.First(lines),
+              "copy 1, profile 1, element 1: turn of 360.000 expected, 0.005 degrees found (line 7)");
+    lines = PlateProgram;
+    lines[6] = "G03 X60.000 Y24.999 I-10.000 J0.000"; // all but 0.001 of it
+    EXPECT_EQ(station.First(lines), "");
+}
+
 TEST(Verification, NamesMovesThatAreMissingOrTooMany)
 {
     const VerifyStation station(Table, Plate);
