@@ -190,7 +190,7 @@ void Desktop::Press(const std::vector<std::string>& keys) const
     std::vector<std::string> words = {"xdotool", "key", "--delay", "0"};
     words.insert(words.end(), keys.begin(), keys.end());
     const Finished finished = Tool(words);
-    EXPECT_EQ(finished.Status, 0) << finished.Output;
+    EXPECT_EQ(finished.Status, 0) << finished.Errors;
 }
 
 void Desktop::Type(const std::string& text) const

@@ -52,6 +52,14 @@ TEST(Desktop, SendsRealKeysAndClicks)
     EXPECT_TRUE(listener.Runs());
 }
 
+/// A tool grumbles when a window goes while it looks at it: that is neither a window nor a title.
+TEST(Desktop, GrumblingIsNoTitle)
+{
+    const Desktop& desktop = SharedDesktop();
+    EXPECT_EQ(desktop.TitleOf("4000000"), "") << "there is no such window";
+    EXPECT_TRUE(desktop.WindowsTitled("[").empty()) << "no expression";
+}
+
 TEST(Desktop, ShowsItsPixels)
 {
     const Desktop& desktop = SharedDesktop();
@@ -83,6 +91,9 @@ TEST(Process, TellsHowItEnded)
     EXPECT_EQ(RunToEnd({"sh", "-c", "exit 3"}).Status, 3);
     EXPECT_EQ(RunToEnd({"sh", "-c", "echo $SAID", "x"}, {"SAID=yes"}).Output, "yes\n");
     EXPECT_EQ(RunToEnd({"sh", "-c", "kill -9 $$"}).Status, -9);
+    const Finished both = RunToEnd({"sh", "-c", "echo answer; echo fault >&2"});
+    EXPECT_EQ(both.Output, "answer\n");
+    EXPECT_EQ(both.Errors, "fault\n");
     Process sleeper;
     sleeper.Start({{"sleep", "60"}, {}, "", -1});
     EXPECT_FALSE(sleeper.WaitForEnd(0.05).has_value());

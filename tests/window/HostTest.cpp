@@ -383,7 +383,7 @@ TEST(WindowHost, KnowsItsCallsOnly)
     const std::string get = "org.freedesktop.DBus.Properties.Get";
     const Finished language = bus.Send({panel, get, "string:org.korvanta.Host.Panel", "string:Language"});
     EXPECT_EQ(language.Status, 0);
-    EXPECT_NE(language.Output.find("int16 5"), std::string::npos) << language.Output;
+    EXPECT_NE(language.Output.find("int16 5"), std::string::npos) << language.Errors;
     EXPECT_EQ(bus.Send({panel, "org.korvanta.Host.Panel.Announce", "int32:1"}).Status, 0);
     EXPECT_EQ(bus.Send({programs, "org.korvanta.Host.Programs.Open", "string:/no/file", "int32:1"}).Status,
               0);

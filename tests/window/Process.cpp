@@ -46,16 +46,22 @@ std::vector<std::string> WholeEnvironment(const std::vector<std::string>& own)
     return all;
 }
 
-void SendOutputTo(const std::string& log)
+int OpenLog(const std::string& log)
 {
-    const int file = open(log.empty() ? "/dev/null" : log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
+    return open(log.empty() ? "/dev/null" : log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
+}
+
+void SendOutputTo(const std::string& log, const std::string& errorLog)
+{
+    const int file = OpenLog(log);
+    const int errors = errorLog.empty() ? file : OpenLog(errorLog);
     const int nothing = open("/dev/null", O_RDONLY);
-    if (file < 0 || nothing < 0) {
+    if (file < 0 || errors < 0 || nothing < 0) {
         _exit(CannotStart);
     }
     dup2(nothing, STDIN_FILENO);
     dup2(file, STDOUT_FILENO);
-    dup2(file, STDERR_FILENO);
+    dup2(errors, STDERR_FILENO);
 }
 
 void CloseAllBut(int kept)
@@ -104,7 +110,7 @@ void Process::Start(const ProcessStart& start)
         if (getppid() != parent) {
             _exit(CannotStart);
         }
-        SendOutputTo(start.Log);
+        SendOutputTo(start.Log, start.ErrorLog);
         CloseAllBut(start.KeptFile);
         execvpe(wordPointers[0], wordPointers.data(), environmentPointers.data());
         _exit(CannotStart);
@@ -148,11 +154,12 @@ Finished RunToEnd(const std::vector<std::string>& words, const std::vector<std::
 {
     const TempFolder scratch;
     Process process;
-    process.Start({words, environment, scratch.Path + "/output.txt", -1});
+    process.Start({words, environment, scratch.Path + "/output.txt", -1, scratch.Path + "/errors.txt"});
     Finished finished;
     const std::optional<int> status = process.WaitForEnd(seconds);
     finished.Status = status.value_or(-1);
     finished.Output = scratch.Read("output.txt");
+    finished.Errors = scratch.Read("errors.txt");
     if (!status.has_value()) {
         ADD_FAILURE() << words[0] << " doesn't end";
     }

@@ -16,8 +16,9 @@ struct ProcessStart {
     std::vector<std::string> Words; ///< the program, a path or a name on PATH, and its arguments
     std::vector<std::string>
         Environment;   ///< NAME=VALUE on top of this process's own, NAME= is an empty value
-    std::string Log;   ///< file for standard output and standard error; empty: nowhere
+    std::string Log;   ///< file for standard output and, without an ErrorLog, standard error; empty: nowhere
     int KeptFile = -1; ///< file descriptor that stays open in the program
+    std::string ErrorLog = {}; ///< file for standard error alone; empty: it goes with standard output
 };
 
 struct Process {
@@ -44,7 +45,8 @@ struct Process {
 /// What a short run left.
 struct Finished {
     int Status = -1;
-    std::string Output; ///< standard output and standard error
+    std::string Output; ///< standard output
+    std::string Errors; ///< standard error: no answer, but what a tool has to say about itself
 };
 
 /// Runs to the end, for `seconds` at most.

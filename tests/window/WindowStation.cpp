@@ -280,7 +280,7 @@ std::string WindowStation::Reference(const std::string& source, const std::vecto
     const TempFolder out;
     words.insert(words.end(), {"--program", name, "--out", out.Path, "--quiet"});
     const Finished finished = RunToEnd(words);
-    EXPECT_EQ(finished.Status, 0) << finished.Output;
+    EXPECT_EQ(finished.Status, 0) << finished.Errors;
     return out.Read(name + "." + Extension);
 }
 
