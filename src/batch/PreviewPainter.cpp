@@ -30,8 +30,12 @@ const SurfacePainter* LoadPainter(std::string& reason)
     if (entry == nullptr) {
         const char* const error = ::dlerror();
         reason = error == nullptr ? "the module tells no painter" : error;
+        if (module != nullptr) {
+            ::dlclose(module);
+        }
         return nullptr;
     }
+    // cppcheck-suppress resourceLeak ; the painter is used as long as the program runs
     return reinterpret_cast<PainterEntryRoutine>(entry)();
 }
 } // namespace

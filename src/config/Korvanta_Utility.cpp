@@ -152,9 +152,9 @@ void AppendStepByStep(std::string& out, double value, int integerWidth, int deci
 
 // --- FormatNumber, the short way ---------------------------------------------------------------------------
 
-constexpr int ShortWayPlaces = 3;
-constexpr std::array<double, ShortWayPlaces + 1> ScaleOf = {1.0, 10.0, 100.0, 1000.0};
-constexpr std::array<double, ShortWayPlaces + 1> NudgeOf = {0.1, 0.01, 0.001, 0.0001};
+constexpr std::size_t ShortWayRows = 4; // up to three places
+constexpr std::array<double, ShortWayRows> ScaleOf = {1.0, 10.0, 100.0, 1000.0};
+constexpr std::array<double, ShortWayRows> NudgeOf = {0.1, 0.01, 0.001, 0.0001};
 
 /// The 15th digit of a scaled value below the limit is worth at most 5e-6 after rounding, so a fraction
 /// this far from both ends gives the same digits with and without the detour through text.
@@ -167,10 +167,10 @@ constexpr double FractionMargin = 1e-5;
 bool AppendShortWay(std::string& out, double value, int integerWidth, int decimals)
 {
     const int places = std::abs(decimals);
-    if (places > ShortWayPlaces) {
+    const auto row = static_cast<std::size_t>(places);
+    if (row >= ScaleOf.size()) {
         return false;
     }
-    const auto row = static_cast<std::size_t>(places);
     const double scaled = (std::fabs(value) + NudgeOf[row]) * ScaleOf[row];
     if (!(scaled < ScaledLimit)) {
         return false;

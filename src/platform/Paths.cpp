@@ -76,6 +76,7 @@ std::string FoundIn(const std::string& folder, std::string_view name)
         return exact;
     }
     std::string found;
+    // cppcheck-suppress readdirCalled ; the stream is this call's own
     while (const dirent* const entry = ::readdir(entries)) {
         const std::string_view other = static_cast<const char*>(entry->d_name);
         if (SameFolded(other, name) && (found.empty() || other < found)) {
@@ -234,6 +235,7 @@ std::vector<std::string> ListFiles(const std::string& folder)
     if (entries == nullptr) {
         return names;
     }
+    // cppcheck-suppress readdirCalled ; the stream is this call's own
     while (const dirent* const entry = ::readdir(entries)) {
         std::string name = static_cast<const char*>(entry->d_name);
         struct stat status = {};

@@ -121,7 +121,7 @@ void BuildCutMoves(std::vector<CutMove>& list, std::int32_t profile, std::int16_
     LeadRecordArray leads;
     BuildLeads(leads, profile);
     std::size_t i = 1;
-    for (; leads[i].Kind != KindEnd && i < 3; ++i) {
+    for (; i < 3 && leads[i].Kind != KindEnd; ++i) {
         list.push_back(leads[i]);
         list.back().Phase = PhaseLeadIn;
     }

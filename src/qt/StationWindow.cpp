@@ -182,6 +182,7 @@ void NameControl(QWidget* control, const QString& name)
 
 QWidget* PictureBox(Picture picture)
 {
+    // cppcheck-suppress CastIntegerToAddressAtReturn ; they are pointers, which the checker doesn't see in an array
     return Window.Pictures[static_cast<std::size_t>(picture)];
 }
 
