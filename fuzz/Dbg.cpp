@@ -1,5 +1,7 @@
 // Any bytes as the file of the shapes' drawings: the drawing of R-01 and of the shape that the first record names is
-// loaded and drawn, with each parameter standing out.
+// loaded and drawn, with each parameter standing out. A record that is taken is written as it was.
+#include "FuzzFiles.h"
+
 #include "shapes/DimensionDrawing.h"
 #include "shapes/Korvanta_Parameters.h"
 #include "shapes/PictureRecords.h"
@@ -9,30 +11,21 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <unistd.h>
+#include <string_view>
 
 namespace
 {
-namespace fs = std::filesystem;
-
 constexpr std::size_t MostItems = 2000;
 
-void Require(bool holds)
+void CheckRecord(std::string_view record)
 {
-    if (!holds) {
-        std::abort();
+    PictureItem item;
+    if (DecodePictureItem(record, item)) {
+        std::string again;
+        AppendPictureRecord(again, item);
+        Require(again == record);
     }
-}
-
-std::string MakeStation()
-{
-    const fs::path folder = fs::temp_directory_path() / ("korvanta_fuzz_dbg_" + std::to_string(getpid()));
-    fs::create_directories(folder);
-    return folder.string();
 }
 
 void CheckDrawing(std::int16_t shapeId)
@@ -40,7 +33,7 @@ void CheckDrawing(std::int16_t shapeId)
     ShowShapeParameters(shapeId, FlagOn);
     Require(AppState.PictureItems.size() <= MostItems + 1);
     for (std::int16_t field = 0; field <= 3; ++field) {
-        DrawShapePicture(Picture::Param, field);
+        HighlightParameter(field);
     }
     Require(std::isfinite(AppState.ViewLeft) && std::isfinite(AppState.ViewTop));
     Require(std::isfinite(AppState.ViewWidth) && std::isfinite(AppState.ViewHeight));
@@ -53,13 +46,10 @@ void CheckDrawing(std::int16_t shapeId)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const std::string station = MakeStation();
-    const std::string path = station + "/Korvanta.DBG";
-    std::remove(path.c_str());
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    Require(file != nullptr);
-    Require(std::fwrite(data, 1, size, file) == size);
-    std::fclose(file);
+    static const std::string station = MakeFuzzFolder("dbg");
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    WriteBytes(station + "/Korvanta.DBG", bytes);
+    CheckRecord(bytes.substr(0, PictureRecordLength));
     StartCase();
     Drawn.Shown = true;
     AppState.AppPath = station;

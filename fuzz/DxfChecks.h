@@ -2,23 +2,18 @@
 // curves apart, no radius below 0, vertex lists of two points and more.
 #pragma once
 
+#include "FuzzFiles.h"
+
 #include "import/DrawingReader.h"
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 struct FuzzedDrawing {
+    bool Opened = false;
     std::int64_t Records = 0;
 };
-
-inline void Require(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
-}
 
 inline int CheckEntity(const DxfEntity& entity, void* context)
 {
@@ -42,16 +37,18 @@ inline int CheckEntity(const DxfEntity& entity, void* context)
     return ++static_cast<FuzzedDrawing*>(context)->Records > enough ? 1 : 0;
 }
 
-inline void ReadFuzzed(std::string_view bytes)
+inline FuzzedDrawing ReadFuzzed(std::string_view bytes)
 {
+    FuzzedDrawing seen;
     Drawing* const drawing = OpenDrawingBytes(bytes);
     if (drawing == nullptr) {
-        return;
+        return seen;
     }
-    FuzzedDrawing seen;
+    seen.Opened = true;
     DXFEnum(drawing, 0, CheckEntity, &seen);
     for (const auto& [name, count] : DXFAccount(drawing).Read) {
         Require(count > 0);
     }
     DXFClose(drawing);
+    return seen;
 }

@@ -1,5 +1,7 @@
 // Any bytes as an ISO program: read, made a part, turned, and given its cut moves. The first byte chooses between
 // absolute and relative centres.
+#include "FuzzFiles.h"
+
 #include "import/Korvanta_IsoIn.h"
 #include "profile/Korvanta_Common.h"
 #include "profile/Korvanta_ProfileCut.h"
@@ -7,41 +9,17 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace
 {
-namespace fs = std::filesystem;
-
-void Require(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
-}
-
 /// A folder with a table for each way of giving centres.
 std::string MakeStation()
 {
-    const fs::path folder = fs::temp_directory_path() / ("korvanta_fuzz_iso_" + std::to_string(getpid()));
-    fs::create_directories(folder);
-    std::ofstream(folder / "PPR.ini") << "[PartProgram_CONFIG]\nINC_CENTER=YES\n";
-    return folder.string();
-}
-
-void WriteProgram(const std::string& path, const std::uint8_t* data, std::size_t size)
-{
-    std::remove(path.c_str()); // rewriting in place waits for the disk on some file systems
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    Require(file != nullptr);
-    Require(std::fwrite(data, 1, size, file) == size);
-    std::fclose(file);
+    const std::string folder = MakeFuzzFolder("iso");
+    WriteBytes(folder + "/PPR.ini", "[PartProgram_CONFIG]\nINC_CENTER=YES\n");
+    return folder;
 }
 
 void CheckMoves()
@@ -58,6 +36,12 @@ void CheckMoves()
         }
     }
 }
+
+/// Names behind which there is no program.
+void CheckRefused(const char* name)
+{
+    Require(!ImportIso(name) && AppState.ElementCount == 0 && !AppState.ImportFailure.empty());
+}
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -70,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     AppState.AppPath = station;
     AppState.PprIniName = data[0] % 2 == 0 ? "none.ini" : "PPR.ini";
     const std::string path = station + "/part.iso";
-    WriteProgram(path, data + 1, size - 1);
+    WriteBytes(path, {reinterpret_cast<const char*>(data) + 1, size - 1});
     const bool imported = ImportIso(path);
     Require(AppState.ElementCount <= MaxElements);
     Require(imported == (AppState.ElementCount > 0));
@@ -78,5 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (imported) {
         CheckMoves();
     }
+    CheckRefused(" ");
+    CheckRefused("/nowhere/part.iso");
     return 0;
 }

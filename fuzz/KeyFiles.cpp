@@ -1,11 +1,15 @@
-// Any bytes as a key file: the index finds what a walk over the lines finds, and what is written is read back.
+// Any bytes as a key file: the index finds what a walk over the lines finds, and what is written is read back, in memory
+// and on the disk.
 // The first line of the input is section, key and value with tabs between them; the file follows.
+#include "FuzzFiles.h"
+
 #include "platform/KeyText.h"
+#include "platform/ProfileStrings.h"
+#include "platform/TextFile.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -20,13 +24,6 @@ std::string_view CutAt(std::string_view& rest, char end)
     const std::string_view part = rest.substr(0, at);
     rest.remove_prefix(std::min(at + 1, rest.size()));
     return part;
-}
-
-void Require(bool holds)
-{
-    if (!holds) {
-        std::abort();
-    }
 }
 
 bool FindPlainly(const KeyText& text, std::string_view section, std::string_view key, std::string_view& value)
@@ -83,6 +80,61 @@ void CheckChanges(const std::string& bytes, std::string_view section, std::strin
     Require(WithoutKey(bytes, section, key).size() <= bytes.size());
     Require(WithoutSection(bytes, section).size() <= bytes.size());
 }
+/// What a read of the disk delivers, by the text in memory.
+std::string Delivered(const std::string& bytes, std::string_view section, std::string_view key,
+                      std::string_view defaultValue)
+{
+    const KeyText text = ParseKeyText(bytes);
+    std::string_view value;
+    return std::string(FindKeyValue(text, section, key, value) ? DeliveredValue(value, BufferSize)
+                                                               : DeliveredDefault(defaultValue, BufferSize));
+}
+
+std::string BytesOf(const std::string& path)
+{
+    std::string bytes;
+    Require(ReadWholeFile(path, bytes));
+    return bytes;
+}
+
+/// The calls on a file do what the routines of the text do.
+void CheckFile(const std::string& path, const std::string& bytes, std::string_view section,
+               std::string_view key, std::string_view value)
+{
+    WriteBytes(path, bytes);
+    Require(ReadProfileString(path, section, key, value, BufferSize) ==
+            Delivered(bytes, section, key, value));
+    Require(ReadProfileKeys(path, section, BufferSize).size() < BufferSize);
+    Require(ReadProfileSections(path, BufferSize).size() < BufferSize);
+    Require(WriteProfileString(path, section, key, value));
+    Require(BytesOf(path) == WithKeySet(bytes, section, key, value));
+    WriteBytes(path, bytes);
+    Require(DeleteProfileKey(path, section, key) && BytesOf(path) == WithoutKey(bytes, section, key));
+    WriteBytes(path, bytes);
+    Require(DeleteProfileSection(path, section) && BytesOf(path) == WithoutSection(bytes, section));
+}
+
+/// A file that isn't there is made by a key, and by nothing else.
+void CheckNewFile(const std::string& path, std::string_view section, std::string_view key,
+                  std::string_view value)
+{
+    std::remove(path.c_str());
+    Require(DeleteProfileSection(path, section));
+    BeginSteadyReads();
+    Require(ReadProfileString(path, section, key, value, BufferSize) == DeliveredDefault(value, BufferSize));
+    EndSteadyReads();
+    const std::string after = WithKeySet("", section, key, value);
+    Require(WriteProfileString(path, section, key, value));
+    Require(after.empty() || BytesOf(path) == after);
+    Require(!WriteProfileString(path, std::string_view(), key, value)); // no section at all
+    Require(!WriteProfileString("/nowhere/NEW.ini", section, key, "1"));
+    Require(!DeleteProfileKey("/nowhere/NEW.ini", section, key));
+    for (const char* const other :
+         {"/1", "/2", "/3", "/4"}) { // as many as are kept in mind: then `path` is read anew
+        Require(ReadProfileKeys(path + other, section, BufferSize).empty());
+    }
+    Require(ReadProfileKeys(path, section, 1).empty());
+}
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -105,5 +157,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(ListKeys(text, section).size() <= text.Text.size() + 1);
     Require(ListSections(text).size() <= text.Text.size() + 1);
     CheckChanges(bytes, section, key, names);
+    static const std::string folder = MakeFuzzFolder("key_files");
+    CheckFile(folder + "/KEYS.ini", bytes, section, key, names);
+    CheckNewFile(folder + "/NEW.ini", section, key, names);
     return 0;
 }

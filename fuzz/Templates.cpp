@@ -1,28 +1,26 @@
 // Any bytes as a post-processor table for a part that passes through every block: a finished program, or a fault that
 // leaves none.
+#include "FuzzFiles.h"
+
 #include "platform/Fault.h"
 #include "platform/Paths.h"
-#include "platform/TextFile.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "support/RecordingScreen.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <string_view>
-#include <unistd.h>
 
 namespace
 {
 std::string WorkFolder()
 {
-    const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("korvanta-templates-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder / "NC");
-    return folder.string();
+    const std::string folder = MakeFuzzFolder("templates");
+    std::filesystem::create_directories(folder + "/NC");
+    WriteBytes(folder + "/JOB.nst", "[0004]\nV1=TWO\nV2=7\n"); // the answers of its last save
+    return folder;
 }
 
 void AddMove(std::int16_t kind, double x1, double y1, double x2, double y2, double a, double b, double c)
@@ -55,6 +53,7 @@ void BuildPart()
         record.LeadOutLength = 1.0;
         record.LeadOutLineOn = FlagOn;
     }
+    AppState.ProfileTable[2].Side = -1.0;
     AppState.NestKind = 1;
     AppState.CountX = 2;
     AppState.CountY = 1;
@@ -66,6 +65,7 @@ void Prepare(const std::string& folder)
     StartCase();
     AppState.AppPath = folder;
     AppState.NcPath = folder + "\\NC\\";
+    AppState.NestingPath = folder + "\\";
     AppState.PprIniName = "PPR.ini";
     AppState.JobName = "JOB";
     AppState.ConfigHeld = FlagOn;
@@ -88,11 +88,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     static const std::string folder = WorkFolder();
     Prepare(folder);
-    WriteWholeText(folder + "\\PPR.ini", std::string_view(reinterpret_cast<const char*>(data), size));
+    WriteBytes(folder + "/PPR.ini", {reinterpret_cast<const char*>(data), size});
     const bool done = Generate("FUZZ");
-    if (done == AppState.ProgramPath.empty() || (done && !FileExists(AppState.ProgramPath))) {
-        std::abort();
-    }
+    Require(done != AppState.ProgramPath.empty());
+    Require(!done || FileExists(AppState.ProgramPath));
     Generate("SIMULA");
     if (done) {
         DeleteFileIfThere(AppState.ProgramPath);
