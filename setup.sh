@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
     g++ cmake ninja-build ccache
-    clang clang-format clang-tidy libclang-rt-dev
+    clang clang-format clang-tidy libclang-rt-dev llvm cppcheck valgrind
     libgtest-dev libgmock-dev libbenchmark-dev
     libcli11-dev nlohmann-json3-dev
     pkg-config qt6-base-dev qt6-svg-dev libxcb1-dev
