@@ -56,7 +56,7 @@ finish() {
     local status=$?
     trap - EXIT
     for mount in $(awk -v w="$work" 'index($2, w) == 1 {print $2}' /proc/mounts | sort -r); do
-        umount -l "$mount" || true
+        umount -l "$mount" 2>/dev/null || true
     done
     rm -rf --one-file-system "${work:?}"
     if [ $status -ne 0 ] || [ $failed -ne 0 ]; then
