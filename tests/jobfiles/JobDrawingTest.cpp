@@ -119,6 +119,19 @@ TEST_F(JobDrawing, IsTurnedAsTheFieldsSay)
     EXPECT_EQ(AppState.MoveStep, 10.0) << "0 is no step";
 }
 
+TEST_F(JobDrawing, IsCutAsItsShapeIs)
+{
+    MakePart();
+    WriteDrawing("A.nst");
+    for (const bool stroke : {true, false}) {
+        Station.Write("NEST/A.nst",
+                      std::string("[0000]\nVL=3.00\n[0001]\nS=") + (stroke ? "1039" : "1005") + "\n");
+        LoadJob("A");
+        EXPECT_EQ(AppState.OpenShapePart, ToFlag(stroke)) << "ahead of its development, too";
+        EXPECT_EQ(AppState.NoKerfCodes, ToFlag(stroke));
+    }
+}
+
 TEST_F(JobDrawing, KeepsStaleRecordsThatNobodyReads)
 {
     MakePart();

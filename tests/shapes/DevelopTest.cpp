@@ -376,6 +376,12 @@ TEST_F(Development, MoreElementsThanTheTableHoldsAreAFault)
     EXPECT_EQ(AppState.ElementCount, 2 * 15996 + 5 + 5);
 }
 
+TEST_F(Development, CoordinatesEndAtAMillionBillion)
+{
+    EXPECT_EQ(Develop("R-05", "A=9e14; B=9e14"), 0); // an area of 8.1e29 is none of them
+    EXPECT_EQ(Develop("R-05", "A=1.1e15"), ErrBadShape);
+}
+
 // --- senses -----------------------------------------------------------------------------------------------
 
 TEST_F(Development, AHoleShapeIsCutInTheSenseOfAnInnerContour)
@@ -499,6 +505,29 @@ TEST_F(Development, LeadDataOfTheSamePartIsKept)
     EXPECT_EQ(AppState.ProfileTable.at(2).LeadInLength, 77.0);
     EXPECT_EQ(AppState.ProfileTable.at(2).LeadPosition, 5.0);
     EXPECT_NEAR(AppState.ProfileTable.at(2).ProfileLength, 30 * 3.14159265358979, 1e-9); // measured anew
+    AppState.MoveStep = 3.0;
+    EXPECT_EQ(Develop("R-20"), 0);
+    EXPECT_EQ(AppState.MoveStep, 3.0);
+}
+
+TEST_F(Development, AFailedTryKeepsTheLeadDataForTheNextOne)
+{
+    Open(1020); // four holes and the plate
+    EXPECT_TRUE(BuildCurrentPart());
+    InitLeadData();
+    AppState.ProfileTable.at(4).LeadInLength = 77.0;
+    AppState.KeepLeadData = FlagOn;
+    SetText(AppState.ParamText[0], "0.05");
+    EXPECT_FALSE(BuildCurrentPart()); // no profile at all
+    SetText(AppState.ParamText[0], "250");
+    EXPECT_TRUE(BuildCurrentPart());
+    EXPECT_EQ(AppState.ProfileTable.size(), 6U);
+    EXPECT_EQ(AppState.ProfileTable.at(4).LeadInLength, 77.0);
+
+    AppState.KeepLeadData = FlagOff; // of a part that was newly opened nothing stays
+    SetText(AppState.ParamText[0], "0.05");
+    EXPECT_FALSE(BuildCurrentPart());
+    EXPECT_EQ(AppState.ProfileTable.size(), 1U);
 }
 
 TEST_F(Development, KeptLeadDataFollowsTheCountOfProfiles)

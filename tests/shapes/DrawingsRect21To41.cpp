@@ -229,6 +229,7 @@ constexpr ShapeDrawing Drawings[] = {
      "out0 B/2+a,-a " LEFT_ARC LEFT_SIDE "out0 sense=-1 B/2-a,-a " RIGHT_ARC RIGHT_SIDE, "open; open", 14},
     {"R-41", "L=0.0099", "", "2*R<A; 2*R<B", TWIN_SIZES,
      "out0 B/2+a,-a " LEFT_ARC LEFT_SIDE "out0 sense=-1 B/2-a,-a " RIGHT_ARC RIGHT_SIDE, "open; open", 14},
+    {"R-41", "L=0.01", "", "2*R<A; 2*R<B", TWIN_SIZES, LEFT_HALF RIGHT_HALF, "open; open", 16},
     {"R-41", "LR=0", "", "2*R<A; 2*R<B", TWIN_SIZES,
      "out0 " LEFT_LINE LEFT_SIDE "out0 sense=-1 " RIGHT_LINE RIGHT_SIDE, "open; open", 14},
     {"R-41", "LR=0.001", "", "2*R<A; 2*R<B", TWIN_SIZES, LEFT_HALF RIGHT_HALF, "open; open", 16},
