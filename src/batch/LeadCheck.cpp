@@ -87,9 +87,7 @@ bool Contains(const Outline& outline, double x, double y)
 std::vector<std::int32_t> LeadsInMaterial()
 {
     std::vector<std::int32_t> found;
-    if (AppState.ShapeId >= FamilyHoles) {
-        return found;
-    }
+    const bool isHole = AppState.ShapeId >= FamilyHoles; // the material is all that lies outside
     const std::vector<Outline> outlines = ClosedOutlines();
     if (outlines.empty() || outlines.back().Corners.empty()) {
         return found; // without a closed outline nothing tells where the material is
@@ -108,7 +106,7 @@ std::vector<std::int32_t> LeadsInMaterial()
         const auto around = std::count_if(outlines.begin(), outlines.end(), [&](const Outline& outline) {
             return Contains(outline, leads[1].X, leads[1].Y);
         });
-        if (around % 2 == 1) {
+        if ((around % 2 == 1) != isHole) {
             found.push_back(profile);
         }
     }

@@ -4,6 +4,6 @@
 #include <cstdint>
 #include <vector>
 
-/// The closed profiles whose cut begins inside the material of the part. Empty for a part that is nothing but a hole.
-/// Leaves the profile table as it was.
+/// The closed profiles whose cut begins inside the material of the part, or, where the part is nothing but a hole, in the
+/// sheet around it. Leaves the profile table as it was.
 std::vector<std::int32_t> LeadsInMaterial();

@@ -2,6 +2,7 @@
 
 #include "batch/LeadCheck.h"
 #include "batch/PreviewPainter.h"
+#include "batch/SheetCheck.h"
 #include "batch/SilentScreen.h"
 #include "batch/StateJson.h"
 #include "batch/SvgSurface.h"
@@ -268,6 +269,9 @@ void WarnPart(std::int64_t copies)
     }
     if (copies == 0) {
         std::fputs("warning: the sheet is too small for this nest: it holds no copy of the part\n", stderr);
+    }
+    for (const std::string& overrun : EdgesOverrun()) {
+        std::fprintf(stderr, "warning: %s\n", overrun.c_str());
     }
 }
 

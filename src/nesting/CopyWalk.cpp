@@ -165,6 +165,21 @@ std::int64_t WalkColumns(const Grid& grid, CopyVisitor visit, void* context)
     }
     return copies;
 }
+
+/// The first and the last of the lines with numbers of this parity.
+LineRange OfParity(const LineRange& range, bool even)
+{
+    const auto wrong = [even](std::int64_t line) { return IsEven(line) != even ? 1 : 0; };
+    return {range.First + wrong(range.First), range.Last - wrong(range.Last)};
+}
+
+void IncludeCopy(NestBox& box, double x, double y)
+{
+    box.Left = std::min(box.Left, x);
+    box.Bottom = std::min(box.Bottom, y);
+    box.Right = std::max(box.Right, x + AppState.PartSizeX);
+    box.Top = std::max(box.Top, y + AppState.PartSizeY);
+}
 } // namespace
 
 std::int64_t WalkCopies(double originX, double originY, CopyVisitor visit, void* context)
@@ -196,4 +211,29 @@ std::int64_t CountCopies(double originX, double originY)
     const Placed placed = PlacedCells(CurrentGrid(originX, originY));
     return CountParity(placed.Rows, false) * placed.OddColumns.Count() +
            CountParity(placed.Rows, true) * placed.EvenColumns.Count();
+}
+
+bool FindNestBox(double originX, double originY, NestBox& box)
+{
+    const std::int64_t copies = CountCopies(originX, originY);
+    box = {NoValue, NoValue, -NoValue, -NoValue};
+    if (AppState.NestKind == 0) {
+        IncludeCopy(box, originX, originY);
+    }
+    if (AppState.NestKind == 0 || copies == 0) {
+        return copies > 0;
+    }
+    const Grid grid = CurrentGrid(originX, originY);
+    const Placed placed = PlacedCells(grid);
+    for (const bool even : {false, true}) {
+        const LineRange rows = OfParity(placed.Rows, even);
+        const LineRange& columns = even ? placed.EvenColumns : placed.OddColumns;
+        if (rows.Count() == 0 || columns.Count() == 0) {
+            continue;
+        }
+        const bool shifted = even && grid.Staggered;
+        IncludeCopy(box, CopyXOf(grid, columns.First, shifted), CopyYOf(grid, rows.First));
+        IncludeCopy(box, CopyXOf(grid, columns.Last, shifted), CopyYOf(grid, rows.Last));
+    }
+    return true;
 }

@@ -33,6 +33,17 @@ std::int64_t WalkCopies(double originX, double originY, CopyVisitor visit, void*
 /// The number of copies of that walk, without walking it.
 std::int64_t CountCopies(double originX, double originY);
 
+/// A box in the coordinates of the sheet.
+struct NestBox {
+    double Left = 0.0;
+    double Bottom = 0.0;
+    double Right = 0.0;
+    double Top = 0.0;
+};
+
+/// The box round the parts of that walk, leads not counted, without walking it. False when it has no copy.
+bool FindNestBox(double originX, double originY, NestBox& box);
+
 // --- the screens that show it (Scene.cpp, Redraw.cpp) ---------------------------------------------------------
 
 /// True where the sheet and the nest are shown: on the Nesting screen, and in SaveMode, whose preview shows them still.

@@ -136,6 +136,36 @@ TEST(Shapes, LeadsThatPierceThePartAreTold)
     EXPECT_THAT(station.Run({"C-24"}).Errors, HasSubstr("lead-in of profiles 2, 3 starts"));
     EXPECT_EQ(station.Run({"C-26"}).Errors, "") << "open halves hold no material";
     EXPECT_EQ(station.Run({"H-01"}).Errors, "") << "the lead of a hole lies in its scrap";
+    // Of a hole the sheet around it stays. Its first side begins at (5, 0), where the lead of 10 + 5 jumps to: it starts
+    // at (-10, 0). Square to the side, 6 along, it starts in the hole.
+    EXPECT_THAT(station.Run({"H-02"}).Errors, HasSubstr("lead-in of profile 1 starts in the part"));
+    EXPECT_EQ(station.Run({"H-02", "--set", "Move Step=1"}).Errors, "");
+    EXPECT_THAT(station.Run({"H-01", "--param", "D=10"}).Errors, HasSubstr("lead-in of profile 1 starts"));
+}
+
+TEST(Shapes, CopiesOverAnEdgeOfTheSheetAreTold)
+{
+    const BatchStation station;
+    const auto errorsOf = [&station](const std::vector<std::string>& settings) {
+        std::vector<std::string> words = {"R-13", "--param", "A=100", "--param", "B=100"};
+        for (const std::string& setting : settings) {
+            words.insert(words.end(), {"--set", setting});
+        }
+        const BatchResult result = station.Run(words);
+        EXPECT_EQ(result.Status, 0);
+        return result.Errors;
+    };
+    // Rows of 110 from 5 on: the third ends at 325, on a sheet of 2 x 110 + 100.
+    EXPECT_EQ(errorsOf({"Y Gap=0", "Kerf=5", "Y Sheet=*3"}),
+              "warning: the nest reaches over the upper edge of the sheet by 5\n");
+    EXPECT_EQ(errorsOf({"Y Gap=10", "Kerf=15", "Y Sheet=*3"}), "") << "20 + 2 x 140 + 100 is 280 + 100 + 20";
+    // Columns of 90 from -5 on: the second ends at 185, on a sheet of 180.
+    EXPECT_EQ(errorsOf({"X Gap=-10", "X Sheet=*2"}),
+              "warning: the nest reaches over the left edge of the sheet by 5\n"
+              "warning: the nest reaches over the right edge of the sheet by 5\n");
+    EXPECT_EQ(errorsOf({"Y Gap=-3"}), "warning: the nest reaches over the lower edge of the sheet by 1.5\n");
+    EXPECT_EQ(station.Run({"R-13", "--key", "OTRgt", "--set", "Y Gap=-3"}).Errors, "")
+        << "a zero on the path tells nothing of the sheet's edges";
 }
 
 std::string ReadShipped(const std::string& name)

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <utility>
@@ -223,6 +224,43 @@ Copies PlainWalk(double originX, double originY, double sheetX, double sheetY)
     return copies;
 }
 
+/// The box round `copies`, and the one that FindNestBox tells, have to be the same.
+void ExpectBoxOf(const Copies& copies, double originX, double originY)
+{
+    NestBox box;
+    ASSERT_EQ(FindNestBox(originX, originY, box), !copies.empty());
+    NestBox plain = {1e9, 1e9, -1e9, -1e9};
+    for (const auto& [x, y] : copies) {
+        plain = {std::min(plain.Left, x), std::min(plain.Bottom, y),
+                 std::max(plain.Right, x + AppState.PartSizeX), std::max(plain.Top, y + AppState.PartSizeY)};
+    }
+    if (!copies.empty()) {
+        EXPECT_EQ(box.Left, plain.Left);
+        EXPECT_EQ(box.Bottom, plain.Bottom);
+        EXPECT_EQ(box.Right, plain.Right);
+        EXPECT_EQ(box.Top, plain.Top);
+    }
+}
+
+TEST_F(CopyWalk, TheBoxHoldsShiftedRows)
+{
+    // Pitches 50 and 25 x 0.866; the second row begins at 25 and ends at 75 + 40, 21.65 + 20.
+    SetNest(4, 2, 1, 40, 20, 10, 5);
+    SetSheet("200", "47");
+    NestBox box;
+    ASSERT_TRUE(FindNestBox(1, 0, box));
+    EXPECT_EQ(box.Left, 1.0);
+    EXPECT_EQ(box.Bottom, 0.0);
+    EXPECT_EQ(box.Right, 116.0);
+    EXPECT_NEAR(box.Top, 41.65, 1e-12);
+    SetNest(0, 5, 5, 40, 20, 10, 5);
+    ASSERT_TRUE(FindNestBox(-3, 4, box));
+    EXPECT_EQ(box.Left, -3.0);
+    EXPECT_EQ(box.Top, 24.0);
+    SetNest(1, 0, 5, 40, 20, 10, 5);
+    EXPECT_FALSE(FindNestBox(0, 0, box));
+}
+
 TEST_F(CopyWalk, EqualsThePlainWalk)
 {
     std::mt19937 random(20261);
@@ -240,6 +278,7 @@ TEST_F(CopyWalk, EqualsThePlainWalk)
         const double originY = pick(-20, 20) * 0.25;
         const Copies plain = PlainWalk(originX, originY, sheetX, sheetY);
         ASSERT_EQ(Walk(originX, originY), plain) << "round " << round << " kind " << AppState.NestKind;
+        ExpectBoxOf(plain, originX, originY);
         placed += plain.size();
     }
     EXPECT_GT(placed, 40000U) << "most nests hold something";
