@@ -6,14 +6,13 @@
 
 namespace
 {
-constexpr std::size_t LongestValue = 49;                 // characters
-constexpr std::size_t BufferSize = 4 * LongestValue + 1; // each of up to four bytes, and an end
+constexpr std::size_t LongestValue = 49; // characters
 } // namespace
 
 std::string ReadJobKey(const std::string& file, const std::string& section, const std::string& key,
                        const std::string& defaultValue)
 {
     const std::string value =
-        ReadProfileString(AppState.NestingPath + file, section, key, defaultValue, BufferSize);
+        ReadProfileString(AppState.NestingPath + file, section, key, defaultValue, BufferFor(LongestValue));
     return ZeroTerminated(FirstCharacters(value, LongestValue));
 }

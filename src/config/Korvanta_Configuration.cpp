@@ -8,7 +8,8 @@
 
 namespace
 {
-constexpr std::size_t ConfigBufferSize = 50; // 49 characters and their end
+constexpr std::size_t LongestValue = 49; // characters: a folder's name isn't cut within a letter
+constexpr std::size_t BufferSize = BufferFor(LongestValue);
 
 std::string ConfigPath()
 {
@@ -43,11 +44,11 @@ std::int16_t ReadHostMode()
 std::string ReadConfig(const std::string& section, const std::string& key, const std::string& defaultValue)
 {
     const auto held = AppState.HeldConfig.find(HeldName(section, key));
-    if (held != AppState.HeldConfig.end()) {
-        return ZeroTerminated(DeliveredValue(held->second, ConfigBufferSize));
-    }
-    return ZeroTerminated(
-        ReadProfileString(ConfigPath(), section, Trim(key), defaultValue, ConfigBufferSize));
+    const std::string value =
+        held != AppState.HeldConfig.end()
+            ? std::string(DeliveredValue(held->second, BufferSize))
+            : ReadProfileString(ConfigPath(), section, Trim(key), defaultValue, BufferSize);
+    return ZeroTerminated(FirstCharacters(value, LongestValue));
 }
 
 void WriteConfig(const std::string& section, const std::string& key, const std::string& value)

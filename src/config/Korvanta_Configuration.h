@@ -1,4 +1,4 @@
-// Korvanta_Configuration.h -- the settings file Korvanta.ini beside the program, and the key reads of its kin.
+// Korvanta_Configuration.h -- the settings file Korvanta.ini beside the program.
 #pragma once
 
 #include <string>

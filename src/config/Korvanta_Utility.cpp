@@ -413,6 +413,9 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count)
 {
     constexpr unsigned char FollowMask = 0xC0;
     constexpr unsigned char Follow = 0x80; // bytes behind the first one of a character
+    if (text.size() <= count) {
+        return text;
+    }
     std::size_t at = 0;
     for (; at < text.size(); ++at) {
         const bool starts = (static_cast<unsigned char>(text[at]) & FollowMask) != Follow;

@@ -1,6 +1,7 @@
 // Korvanta_Utility.h -- number text, names and folders: the small routines that the whole program shares.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -47,6 +48,12 @@ std::string LowerCase(std::string_view text);
 
 /// The first `count` characters of a UTF-8 text.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
+/// The buffer that a key file's value of `count` characters fits into, its end included: each takes up to four bytes.
+constexpr std::size_t BufferFor(std::size_t count)
+{
+    return 4 * count + 1;
+}
 
 /// True when `text` holds `part` (case counts).
 bool Contains(std::string_view text, std::string_view part);

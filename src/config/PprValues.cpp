@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr std::size_t PprBufferSize = 256; // 255 characters and their end
+constexpr std::size_t LongestValue = 255; // characters: a text for the operator isn't cut within a letter
 
 /// The path of the table. A program reads millions of keys, so paths of usual length are put together in place.
 struct TablePath {
@@ -43,8 +43,9 @@ std::string_view FindPprValue(std::string_view section, std::string_view key, st
     }
     const TablePath path;
     // The key file drops the blanks around a key, as it does with those around a section.
-    const std::string_view value = FindProfileString(path.Text, section, key, defaultValue, PprBufferSize);
-    return value.substr(0, value.find('\0'));
+    const std::string_view value =
+        FindProfileString(path.Text, section, key, defaultValue, BufferFor(LongestValue));
+    return FirstCharacters(value.substr(0, value.find('\0')), LongestValue);
 }
 
 std::string ReadPprValue(std::string_view section, std::string_view key, std::string_view defaultValue)

@@ -1,24 +1,15 @@
 #include "platform/KeyText.h"
 
+#include "platform/CodePage.h"
 #include "platform/TextFile.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace
 {
 constexpr std::string_view WideMark = "\xFF\xFE";
 constexpr std::size_t LongestValue = 65535; // a longer one arrives with its length modulo one more
-
-/// Characters of the bytes 80h to 9Fh in code page 1252; the five that it leaves open stand for themselves.
-constexpr std::array<char16_t, 32> CodePageRow = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-constexpr unsigned FirstOfRow = 0x80;
-constexpr unsigned LastOfRow = 0x9F;
 
 bool IsBlank(char c)
 {
@@ -265,8 +256,7 @@ std::string Widened(std::string_view text)
     std::string wide;
     wide.reserve(2 * text.size());
     for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        const char16_t unit = byte >= FirstOfRow && byte <= LastOfRow ? CodePageRow[byte - FirstOfRow] : byte;
+        const char16_t unit = CodePageCharacter(static_cast<unsigned char>(c));
         wide += static_cast<char>(unit & 0xFF);
         wide += static_cast<char>(unit >> 8);
     }

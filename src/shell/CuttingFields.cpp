@@ -1,6 +1,8 @@
 #include "config/Korvanta_Utility.h"
 #include "platform/Screen.h"
 #include "profile/Korvanta_Common.h"
+#include "shell/FieldEvents.h"
+#include "shell/FieldModes.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
@@ -9,16 +11,16 @@ namespace
 {
 /// FieldMode of each field.
 constexpr std::int32_t CuttingModes[CuttingFieldCount] = {
-    2, // Angle
-    4, // Mirror
-    1, // Scale
-    9, // Profile nr.
-    5, // Move Step
-    5, // LeadIn : A
-    5, // LeadIn : B
-    5, // LeadOut : C
-    5, // LeadOut : D
-    0, // Zoom: ApplyZoom sets 3
+    ModeAngle,   // Angle
+    ModeMirror,  // Mirror
+    ModeStep,    // Scale
+    ModeProfile, // Profile nr.
+    ModeLead,    // Move Step
+    ModeLead,    // LeadIn : A
+    ModeLead,    // LeadIn : B
+    ModeLead,    // LeadOut : C
+    ModeLead,    // LeadOut : D
+    ModeNone,    // Zoom: ApplyZoom sets ModeZoom
 };
 
 ValueField& Field(std::int16_t index)
@@ -78,8 +80,7 @@ void CuttingFieldChanged(std::int16_t index)
 
 void CuttingFieldEntered(std::int16_t index)
 {
-    const ValueField& field = Field(index);
-    SelectFieldText(field, 0, static_cast<std::int32_t>(field.Text.size()));
+    SelectWholeText(Field(index));
     AppState.CurrentField = index;
     if (index == FieldCuttingZoom) {
         RunZoom(ZoomStep::Enter);

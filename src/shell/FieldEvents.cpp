@@ -3,6 +3,7 @@
 #include "platform/Screen.h"
 #include "post/Simulation.h"
 #include "shapes/DimensionDrawing.h"
+#include "shell/FieldModes.h"
 #include "shell/FunctionKeys.h"
 #include "shell/KeyBar.h"
 #include "shell/KeyCodes.h"
@@ -48,7 +49,7 @@ void ParamFieldArrived(std::int16_t index)
 {
     SelectWholeText(AppState.ParamText[static_cast<std::size_t>(index)]);
     HighlightParameter(static_cast<std::int16_t>(index + 1));
-    AppState.FieldMode = 0;
+    AppState.FieldMode = ModeNone;
     AppState.CurrentField = index;
 }
 

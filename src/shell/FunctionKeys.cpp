@@ -4,6 +4,7 @@
 #include "post/Simulation.h"
 #include "profile/Korvanta_Common.h"
 #include "shell/FieldEvents.h"
+#include "shell/FieldModes.h"
 #include "shell/SimulationRun.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
@@ -146,7 +147,6 @@ void StepZoom(const KeyPress& key)
 }
 
 constexpr int KeysOfMode = 7;
-constexpr std::int32_t ModeCount = 10;
 using KeyAction = void (*)(const KeyPress& key);
 
 /// By FieldMode and number - 1; null is no key.

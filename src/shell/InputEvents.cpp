@@ -178,7 +178,7 @@ void ClickInputTab(std::int16_t tab)
 void WindowActivated()
 {
     if (AppState.ScreenState != ScreenInput) {
-        return;
+        return; // the list that would get the focus is hidden
     }
     SetTabIcons();
     if (AppState.SaveMode != FlagOff) {

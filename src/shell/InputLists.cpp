@@ -159,6 +159,7 @@ void ShowCurrentList()
 void SetTabIcons()
 {
     const bool chinese = ShowsChinese();
+    // The last one, too: a tab that was left must not keep its highlight.
     for (std::int16_t tab = 0; tab < InputTabCount; ++tab) {
         const int first = chinese ? ChinaTabImage : SmallTabImage;
         const int image = 2 * tab + first + (tab == AppState.InputTab ? 1 : 0);

@@ -1,5 +1,7 @@
 #include "shell/KeyBar.h"
 
+#include "shell/FieldModes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -66,7 +68,7 @@ constexpr int MostFieldKeys = 6;
 using FieldKeyRow = std::array<CommonImage, MostFieldKeys>;
 
 /// F3 to F8 by FieldMode.
-constexpr std::array<FieldKeyRow, 10> FieldKeys = {{
+constexpr std::array<FieldKeyRow, ModeCount> FieldKeys = {{
     {},                                                                     // 0
     {PlusKey, MinusKey},                                                    // 1 Scale, Kerf, X Gap, Y Gap
     {PlusKey, MinusKey, Plus90, Minus90},                                   // 2 Angle
@@ -78,7 +80,6 @@ constexpr std::array<FieldKeyRow, 10> FieldKeys = {{
     {PlusKey, MinusKey, CountEntry},                                        // 8 X Sheet, Y Sheet
     {PlusKey, MinusKey, CopyLeads, ProfilePathChange, PathLeft, PathRight}, // 9 Profile nr.
 }};
-constexpr std::int32_t ModeSimulation = 7;
 constexpr std::size_t SimulationKey = 2;
 
 void ShowInputKeys()

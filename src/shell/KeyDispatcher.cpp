@@ -3,6 +3,7 @@
 #include "platform/Screen.h"
 #include "shell/Exit.h"
 #include "shell/FieldEvents.h"
+#include "shell/FieldModes.h"
 #include "shell/FunctionKeys.h"
 #include "shell/InputLists.h"
 #include "shell/InputScreen.h"
@@ -16,8 +17,6 @@
 
 namespace
 {
-constexpr std::int32_t ModeZoom = 3;
-
 struct KeyEvent {
     std::int16_t KeyCode = 0;
     std::int16_t Shift = 0;

@@ -1,6 +1,7 @@
 #include "shell/MsgBox_Unicode.h"
 
 #include "config/Korvanta_Utility.h"
+#include "platform/CodePage.h"
 #include "platform/Fault.h"
 #include "platform/Paths.h"
 #include "platform/Screen.h"
@@ -9,7 +10,6 @@
 #include "shell/KeyCodes.h"
 #include "state/AppState.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -24,12 +24,6 @@ constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view HeaderSign = ">>0";
 constexpr std::string_view MessageSign = ">>";
 constexpr char32_t Replacement = 0xFFFD;
-
-/// Code page 1252 from 80h to 9Fh; its five unassigned bytes stay the control characters that they are.
-constexpr std::array<char32_t, 32> WesternLetters = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 void AppendUtf8(std::string& out, char32_t c)
 {
@@ -59,9 +53,8 @@ char32_t ByteAt(std::string_view text, std::size_t at)
 std::string FromWestern(std::string_view bytes)
 {
     std::string text;
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        const char32_t c = ByteAt(bytes, at);
-        AppendUtf8(text, c >= 0x80 && c < 0xA0 ? WesternLetters[c - 0x80] : c);
+    for (const char c : bytes) {
+        AppendUtf8(text, CodePageCharacter(static_cast<unsigned char>(c)));
     }
     return text;
 }

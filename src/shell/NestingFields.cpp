@@ -2,6 +2,8 @@
 #include "platform/Screen.h"
 #include "post/Simulation.h"
 #include "profile/Korvanta_Common.h"
+#include "shell/FieldEvents.h"
+#include "shell/FieldModes.h"
 #include "shell/Korvanta_Interface.h"
 #include "shell/ValueFields.h"
 #include "shell/Zoom.h"
@@ -10,14 +12,14 @@ namespace
 {
 /// FieldMode of each field.
 constexpr std::int32_t NestingModes[NestingFieldCount] = {
-    8, // X Sheet
-    8, // Y Sheet
-    1, // Kerf
-    1, // X Gap
-    1, // Y Gap
-    6, // Nesting
-    7, // Simulation
-    0, // Zoom: ApplyZoom sets 3
+    ModeSheet,      // X Sheet
+    ModeSheet,      // Y Sheet
+    ModeStep,       // Kerf
+    ModeStep,       // X Gap
+    ModeStep,       // Y Gap
+    ModeNestType,   // Nesting
+    ModeSimulation, // Simulation
+    ModeNone,       // Zoom: ApplyZoom sets ModeZoom
 };
 
 ValueField& Field(std::int16_t index)
@@ -30,11 +32,6 @@ void Validate(std::int16_t index)
     ValidateFieldAt(AppState.TextNesting, index, FieldNumber(Field(index)));
 }
 
-void SelectAll(const ValueField& field)
-{
-    SelectFieldText(field, 0, static_cast<std::int32_t>(field.Text.size()));
-}
-
 /// A second digit takes the place of the first, so typing one is enough.
 void ChangeNestType()
 {
@@ -45,7 +42,7 @@ void ChangeNestType()
     }
     Validate(FieldNestType);
     RedrawScreen(FlagOn);
-    SelectAll(field);
+    SelectWholeText(field);
     Yield();
 }
 
@@ -98,7 +95,7 @@ void NestingFieldEntered(std::int16_t index)
 {
     AppState.SheetFieldChanged = FlagOff;
     AppState.NestFieldTouched = FlagOff;
-    SelectAll(Field(index));
+    SelectWholeText(Field(index));
     AppState.CurrentField = index;
     if (index == FieldNestingZoom) {
         RunZoom(ZoomStep::Enter);

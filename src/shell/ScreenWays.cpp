@@ -10,6 +10,7 @@
 #include "shapes/Korvanta_Develop.h"
 #include "shapes/Korvanta_Parameters.h"
 #include "shell/FieldEvents.h"
+#include "shell/FieldModes.h"
 #include "shell/InputEvents.h"
 #include "shell/InputLists.h"
 #include "shell/KeyBar.h"
@@ -19,6 +20,9 @@
 
 namespace
 {
+constexpr int MessageFailed = 34;
+constexpr int MessageImport = 38;
+
 /// What stands behind a part for a start, beside the program; shown when the file is there.
 constexpr const char* LogoName = "\\IMAGES\\LOGO.BMP";
 
@@ -42,7 +46,7 @@ void ShowCamTabs()
 void ShowImportFailure()
 {
     bool result = false;
-    ShowBox(MessageText(34), MessageText(38), "", false, result);
+    ShowBox(MessageText(MessageFailed), MessageText(MessageImport), "", false, result);
 }
 
 /// What stood on the picture of another screen isn't on this one's.
@@ -184,7 +188,7 @@ void PreviousCamTab()
 void EnterInputScreen()
 {
     AppState.ScreenState = ScreenInput;
-    AppState.FieldMode = 0;
+    AppState.FieldMode = ModeNone;
     AppState.FocusedSet = FieldSet::None;
     ShowPanel(Panel::TabInput, true);
     ShowPanel(Panel::TabCam, false);
@@ -211,7 +215,7 @@ void EnterParametersScreen()
         EnterField(AppState.ParamText, 0);
     } else {
         LeaveHiddenControl();
-        AppState.FieldMode = 0; // no field has the focus
+        AppState.FieldMode = ModeNone; // no field has the focus
     }
     RefreshKeyBar();
 }

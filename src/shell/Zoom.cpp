@@ -2,13 +2,13 @@
 
 #include "nesting/Korvanta_CutTecnology.h"
 #include "profile/Korvanta_Common.h"
+#include "shell/FieldModes.h"
 #include "shell/ValueFields.h"
 
 #include <algorithm>
 
 namespace
 {
-constexpr std::int32_t ZoomMode = 3; ///< FieldMode of the Zoom fields
 constexpr double LeastFactor = 1.0;
 constexpr double LargestFactor = 30.0;
 constexpr double MovesPerFrame = 4.0;
@@ -107,10 +107,10 @@ void ConfirmZoom(Picture picture, double factor)
 
 void EnterZoom(Picture picture, double factor)
 {
-    if (AppState.FieldMode == ZoomMode) {
+    if (AppState.FieldMode == ModeZoom) {
         return;
     }
-    AppState.FieldMode = ZoomMode;
+    AppState.FieldMode = ModeZoom;
     ShowWhole(picture, AppState.SavedCentreX, AppState.SavedCentreY);
     DrawFrame(picture, factor);
 }
@@ -123,7 +123,7 @@ void ApplyZoom(Picture picture, ZoomStep step, double fieldFactor)
         EnterZoom(picture, factor);
         return;
     }
-    if (AppState.FieldMode != ZoomMode) {
+    if (AppState.FieldMode != ModeZoom) {
         return;
     }
     switch (step) {

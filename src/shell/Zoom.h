@@ -14,8 +14,8 @@ enum class ZoomStep : std::int16_t {
     Confirm, ///< "Zoom OK", or the field was left: what the frame holds fills the picture
 };
 
-/// One step of the zoom on `picture`, whose Zoom field holds `factor`, 1 to 30. Enter sets FieldMode to 3, unless it is that
-/// already; Change and the moves do nothing outside FieldMode 3. Confirm with factor 1 shows the whole, otherwise it
+/// One step of the zoom on `picture`, whose Zoom field holds `factor`, 1 to 30. Enter sets FieldMode to ModeZoom, unless it is
+/// that already; Change and the moves do nothing outside it. Confirm with factor 1 shows the whole, otherwise it
 /// sets the view members and SavedCentreX, SavedCentreY; doing so twice is the same as once. Factors out of the limits
 /// count as the limit.
 void ApplyZoom(Picture picture, ZoomStep step, double factor);

@@ -171,6 +171,23 @@ TEST(Configuration, ValuesAreCutAndTrimmed)
     EXPECT_EQ(ReadConfig("S", "NONE", " x "), "x");
 }
 
+/// "Ä" takes two bytes and the euro sign three: what is cut lies behind a whole character, and a name of 49 comes whole.
+TEST(Configuration, ValuesAreCutBetweenCharacters)
+{
+    std::string letters;
+    for (int i = 0; i < 49; ++i) {
+        letters += "\xC3\x84";
+    }
+    const std::string euro = "\xE2\x82\xAC";
+    const Station station("[S]\r\nFULL=" + letters + "\r\nLONG=" + letters + euro + "\r\n");
+    EXPECT_EQ(ReadConfig("S", "FULL", ""), letters);
+    EXPECT_EQ(ReadConfig("S", "LONG", ""), letters);
+    EXPECT_EQ(ReadConfig("S", "NONE", euro + letters), euro + letters.substr(0, 96));
+    HoldConfigWrites();
+    WriteConfig("S", "LONG", euro + letters);
+    EXPECT_EQ(ReadConfig("S", "LONG", ""), euro + letters.substr(0, 96));
+}
+
 TEST(Configuration, ReadsGoToTheFileEachTime)
 {
     const Station station("[SETUP]\nSIMSPEED=15\n");

@@ -26,6 +26,17 @@ TEST(ReadPprValue, ReadsByTheRulesOfTheTable)
     EXPECT_EQ(ReadPprValue("S", "K", "d"), "d") << "no file, no error";
 }
 
+TEST(ReadPprValue, CutsBetweenCharacters)
+{
+    std::string letters;
+    for (int i = 0; i < 255; ++i) {
+        letters += "\xC3\xA9"; // two bytes each
+    }
+    const PostStation station("[S]\nFull=" + letters + "\nLong=x" + letters + "\n");
+    EXPECT_EQ(ReadPprValue("S", "Full", "d"), letters);
+    EXPECT_EQ(ReadPprValue("S", "Long", "d"), "x" + letters.substr(0, 508));
+}
+
 TEST(LoadPostProcessorValues, HasADefaultForEachWord)
 {
     const PostStation station;
