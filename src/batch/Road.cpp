@@ -31,8 +31,9 @@ namespace
 {
 namespace fs = std::filesystem;
 
-/// More open profiles than these aren't listed one by one.
+/// More open profiles or doubtful lines than these aren't listed one by one.
 constexpr std::size_t OpenProfilesListed = 5;
+constexpr std::size_t DoubtsListed = 5;
 constexpr std::size_t LeadsListed = 10;
 
 enum class SourceKind { Drawing, Program, Job };
@@ -212,6 +213,20 @@ void WarnOpenProfiles()
     }
 }
 
+/// What ISO-IN had to read by its rules, though hardly as it was meant.
+void WarnDoubts()
+{
+    long long left = AppState.ImportDoubtCount;
+    for (std::size_t i = 0; i < std::min(AppState.ImportDoubts.size(), DoubtsListed); ++i, --left) {
+        const ImportDoubt& doubt = AppState.ImportDoubts[i];
+        const long long line = doubt.Line;
+        std::fprintf(stderr, "warning: line %lld: %s\n", line, doubt.What.c_str());
+    }
+    if (left > 0) {
+        std::fprintf(stderr, "warning: and %lld lines more\n", left);
+    }
+}
+
 void WarnLeads()
 {
     const std::vector<std::int32_t> profiles = LeadsInMaterial();
@@ -263,6 +278,7 @@ void WarnIdleOptions(const BatchOptions& options)
 /// What the operator would see at a glance on the screen.
 void WarnPart(std::int64_t copies)
 {
+    WarnDoubts();
     WarnOpenProfiles();
     if (AppState.ProfileCount == 0 && AppState.MarkPointCount == 0) {
         std::fputs("warning: the drawing holds nothing to cut\n", stderr);

@@ -126,18 +126,11 @@ std::string DisplayName(const std::string& path)
     return name;
 }
 
-void ClearAccount()
-{
-    AppState.ImportRead.clear();
-    AppState.ImportLeftOut.clear();
-    AppState.ImportOpen.clear();
-}
-
 /// The end of an import that gives nothing.
 bool Fail(const std::string& why)
 {
     ClearPart();
-    ClearAccount();
+    ClearImportAccount();
     AppState.ImportFailure = why;
     return false;
 }
@@ -147,8 +140,7 @@ bool Fail(const std::string& why)
 bool ImportDxf(std::string& name)
 {
     ClearPart();
-    ClearAccount();
-    AppState.ImportFailure.clear();
+    ClearImportAccount();
     if (name.empty() || name.front() != '/') {
         name = WithBackslash(AppState.DxfPath) + name;
     }

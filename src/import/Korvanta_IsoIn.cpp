@@ -3,6 +3,7 @@
 #include "config/Korvanta_Utility.h"
 #include "config/PprValues.h"
 #include "geometry/Orbalib.h"
+#include "import/IsoDoubts.h"
 #include "platform/Paths.h"
 #include "platform/TextFile.h"
 #include "profile/Korvanta_ProfileCut.h"
@@ -16,12 +17,14 @@ namespace
 /// An arc whose centre is closer than this to its start has no direction of its own.
 constexpr double NoRadius = 1e-9;
 
+constexpr std::string_view NumberCharacters = "0123456789.+-";
+
 bool InRange(double value)
 {
     return std::fabs(value) <= MaxIsoCoordinate;
 }
 
-bool Fail(const char* why)
+bool Fail(const std::string& why)
 {
     AppState.ImportFailure = why;
     return false;
@@ -107,17 +110,15 @@ bool ImportMoves(const std::string& name)
 bool ImportIso(const std::string& name)
 {
     ClearPart();
-    AppState.ImportRead.clear();
-    AppState.ImportLeftOut.clear();
-    AppState.ImportOpen.clear();
-    AppState.ImportFailure.clear();
+    ClearImportAccount();
     StartIsoModes();
     if (ImportMoves(name)) {
         return true;
     }
+    const std::string why = AppState.ImportFailure;
     ClearPart();
-    AppState.ImportOpen.clear();
-    return false;
+    ClearImportAccount();
+    return Fail(why);
 }
 
 void StartIsoModes()
@@ -135,9 +136,11 @@ bool ReadIsoFile(const std::string& path)
     const bool incrementalCentre = ReadIncrementalCentre();
     IsoMove move;
     std::int32_t marks = 1; // the last profile's
+    std::int64_t number = 0;
     std::string_view rest = content;
     std::string_view line;
     while (NextLine(rest, line)) {
+        ++number;
         if (line.find_first_of("GXYIJ") == std::string_view::npos) {
             continue;
         }
@@ -145,6 +148,7 @@ bool ReadIsoFile(const std::string& path)
         if (!AddLine(move, marks)) {
             return false;
         }
+        NoteDoubts(line, number, move, incrementalCentre);
     }
     return true;
 }
@@ -192,6 +196,19 @@ std::int16_t ReadGCode(std::string_view line)
     return AppState.IsoMode;
 }
 
+bool HoldsGCode(std::string_view line, double code)
+{
+    for (std::size_t at = line.find('G'); at != std::string_view::npos; at = line.find('G')) {
+        const std::string_view behind = line.substr(at + 1);
+        if (!behind.empty() && Contains(NumberCharacters, behind.substr(0, 1)) &&
+            ReadWord('G', line) == code) {
+            return true;
+        }
+        line = behind;
+    }
+    return false;
+}
+
 std::int16_t ReadSide(std::string_view line, std::int16_t side)
 {
     struct SideRow {
@@ -225,5 +242,5 @@ double ReadWord(char letter, std::string_view line)
         }
     }
     const std::string_view behind = line.substr(at + 1);
-    return TextToNumber(behind.substr(0, behind.find_first_not_of("0123456789.+-")));
+    return TextToNumber(behind.substr(0, behind.find_first_not_of(NumberCharacters)));
 }

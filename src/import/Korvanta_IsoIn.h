@@ -13,7 +13,8 @@
 /// program order, so nothing is chained. Called by OpenImport.
 bool ImportIso(const std::string& name);
 
-/// The reader: adds the moves of the file to ElementTable, without end marks. Lengths as the file gives them. False
+/// The reader: adds the moves of the file to ElementTable, without end marks, and doubtful lines to ImportDoubts. Lengths as
+/// the file gives them. False
 /// with ImportFailure when the file can't be read, a coordinate is beyond MaxIsoCoordinate, or the elements with the
 /// end marks that the split will insert pass MaxElements. Needs empty tables and the modal values at 0.
 bool ReadIsoFile(const std::string& path);
@@ -44,6 +45,9 @@ inline constexpr double MaxIsoCoordinate = 1e7;
 
 /// Code of a line: the first G word that is 0 to 3 or 40 to 42, IsoMode without one.
 std::int16_t ReadGCode(std::string_view line);
+
+/// True when G with that number stands anywhere in the line, in a comment, too.
+bool HoldsGCode(std::string_view line, double code);
 
 /// Compensation side of a line: 0, 1 or -1 by G40, G41, G42, looked for in this order; `side` without any.
 std::int16_t ReadSide(std::string_view line, std::int16_t side);

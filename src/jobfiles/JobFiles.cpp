@@ -23,15 +23,6 @@ void TakeFieldTexts()
     AppState.SheetFieldChanged = FlagOff;
     AppState.NestFieldTouched = FlagOff;
 }
-
-/// An earlier import has no say in this part.
-void ForgetImport()
-{
-    AppState.ImportRead.clear();
-    AppState.ImportLeftOut.clear();
-    AppState.ImportOpen.clear();
-    AppState.ImportFailure.clear();
-}
 } // namespace
 
 std::string JobFileName(const std::string& name)
@@ -74,7 +65,7 @@ void LoadJob(const std::string& name)
 {
     const std::string file = JobFileName(name);
     ClearPart();
-    ForgetImport();
+    ClearImportAccount(); // an earlier import has no say in this part
     ReadJobHeader(file);
     ReadCuttingSection(file);
     ReadNestingSection(file);

@@ -23,20 +23,6 @@ bool HoldsCoordinate(std::string_view line)
     return false;
 }
 
-/// G `code` anywhere in the line.
-bool HoldsCode(std::string_view line, double code)
-{
-    for (std::size_t at = line.find('G'); at != std::string_view::npos; at = line.find('G')) {
-        const std::string_view behind = line.substr(at + 1);
-        if (!behind.empty() && NumberCharacters.find(behind.front()) != std::string_view::npos &&
-            ReadWord('G', line) == code) {
-            return true;
-        }
-        line = behind;
-    }
-    return false;
-}
-
 bool IsLetter(char c)
 {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
@@ -60,9 +46,9 @@ void MoveWords(std::vector<double>& from, std::vector<double>& to)
 /// Modes that a line sets, with a coordinate or without.
 void TakeModes(ReadBack& program, std::string_view line)
 {
-    if (HoldsCode(line, 91)) {
+    if (HoldsGCode(line, 91)) {
         program.Incremental = true;
-    } else if (HoldsCode(line, 90)) {
+    } else if (HoldsGCode(line, 90)) {
         program.Incremental = false;
     }
 }
@@ -74,7 +60,7 @@ bool TakeLine(ReadBack& program, FoundCut& cut)
     const std::string& line = program.Line;
     TakeModes(program, line);
     AddMWords(line, cut.Moves.empty() ? cut.WordsAhead : cut.WordsBehind);
-    if (!HoldsCoordinate(line) || HoldsCode(line, dwell)) {
+    if (!HoldsCoordinate(line) || HoldsGCode(line, dwell)) {
         program.Modal.Side = ReadSide(line, program.Modal.Side);
         AppState.IsoMode = ReadGCode(line);
         return true;

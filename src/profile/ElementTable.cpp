@@ -101,6 +101,16 @@ void ClearPart()
     AppState.NoKerfCodes = FlagOff;
 }
 
+void ClearImportAccount()
+{
+    AppState.ImportRead.clear();
+    AppState.ImportLeftOut.clear();
+    AppState.ImportOpen.clear();
+    AppState.ImportDoubts.clear();
+    AppState.ImportDoubtCount = 0;
+    AppState.ImportFailure.clear();
+}
+
 void RenewLine(ProfileElement& element)
 {
     GeoLine line = {0.0, element.GeoA, element.GeoB, element.GeoC};

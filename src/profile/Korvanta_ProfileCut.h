@@ -24,6 +24,9 @@ bool WouldPassElementLimit(std::int32_t more);
 /// MoveStep becomes 10.0, and the flags that a shape set on its part are cleared. The start of every development and import.
 void ClearPart();
 
+/// Empties what an import tells of its file. The start of every import and load.
+void ClearImportAccount();
+
 // --- ordering (see docs/architecture.md, "From elements to profiles") ------------------------------------
 
 /// Reorders and turns elements so that each follows the one it touches. Raw tables only (no end marks).

@@ -33,6 +33,12 @@ struct OpenProfile {
     double Y = 0.0;
 };
 
+/// A line of an imported ISO program that hardly says what its writer meant, and why, in a few words.
+struct ImportDoubt {
+    std::int64_t Line = 0;
+    std::string What;
+};
+
 /// Background of the window, the message box and every unmarked label, as 0xRRGGBB: red 236, green 233, blue 216.
 inline constexpr std::int32_t DesignBackColor = 0xECE9D8;
 
@@ -224,6 +230,8 @@ struct AppStateRecord {
         ImportRead; ///< entities by type name; contents of inserts per insertion
     std::map<std::string, std::int64_t> ImportLeftOut; ///< the same for what gives no geometry
     std::vector<OpenProfile> ImportOpen;
+    std::vector<ImportDoubt> ImportDoubts; ///< the first of them
+    std::int64_t ImportDoubtCount = 0;     ///< all of them
     std::string ImportFailure; ///< why the last import gave nothing, one line; empty when it worked
     std::int16_t IsoMode = 0;
     double IsoX = 0.0;

@@ -198,6 +198,32 @@ TEST(Road, TellsOpenProfiles)
     EXPECT_EQ(state["Import"]["Open"][0]["Y"], 40.0);
 }
 
+TEST(Road, TellsTheLinesOfAProgramThatItDoubts)
+{
+    const BatchStation station;
+    station.Folder.Write("PPR.ini", "[PartProgram_CONFIG]\nINC_CENTER=YES\n");
+    // Two holes of 20 in a plate; the second leaves out J, and closes all the same: it takes the absolute 30 of the first.
+    station.Folder.Write("NC/holes.iso", "G0 X0 Y0\nG1 X200\nY60\nX0\nY0\nG0 X60 Y30\nG3 X60 Y30 I-10 J0\n"
+                                         "G0 X160 Y30\nG3 X160 Y30 I-10\n");
+    const BatchResult holes = station.Run({"holes.iso", "--quiet"});
+    EXPECT_EQ(holes.Status, 0);
+    EXPECT_THAT(holes.Errors,
+                HasSubstr("warning: line 9: the arc has no J and takes that of an earlier line\n"));
+    EXPECT_THAT(holes.Errors, Not(HasSubstr("is open")));
+    // Each G04 is a move; five are listed.
+    std::string dwells = "G1 X10\n";
+    for (int i = 1; i <= 7; ++i) {
+        dwells += "G04 X" + std::to_string(i) + "\n";
+    }
+    station.Folder.Write("NC/dwells.iso", dwells);
+    const BatchResult result = station.Run({"dwells.iso"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_THAT(result.Errors, HasSubstr("warning: line 6: the dwell G04 is read as a move\n"
+                                         "warning: and 2 lines more\n"));
+    EXPECT_THAT(result.Errors, Not(HasSubstr("line 7:")));
+    EXPECT_THAT(station.Run({"box.iso"}).Errors, Not(HasSubstr("warning: line")));
+}
+
 TEST(Road, WarnsOfADrawingWithNothingToCut)
 {
     const BatchStation station;

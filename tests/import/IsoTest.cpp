@@ -1,5 +1,5 @@
 // ISO-IN, from the words of a line to the measured part.
-#include "import/Korvanta_IsoIn.h"
+#include "import/IsoDoubts.h"
 
 #include "geometry/Orbalib.h"
 #include "profile/Korvanta_ProfileCut.h"
@@ -322,6 +322,8 @@ TEST_F(Iso, StartsANewPart)
     AppState.MarkPoints.push_back({1.0, 2.0});
     AppState.MarkPointCount = 1;
     AppState.ImportRead["LINE"] = 9;
+    AppState.ImportDoubts.push_back({7, "of the program before"});
+    AppState.ImportDoubtCount = 1;
     ASSERT_TRUE(Import("X10\nG1 Y10"));
     EXPECT_EQ(AppState.ElementCount, 2) << "no motion code stood ahead of X10";
     EXPECT_EQ(AppState.MoveStep, 10.0);
@@ -330,6 +332,91 @@ TEST_F(Iso, StartsANewPart)
     EXPECT_EQ(AppState.CurrentProfile, 0);
     EXPECT_EQ(AppState.MarkPointCount, 0);
     EXPECT_TRUE(AppState.ImportRead.empty());
+    EXPECT_TRUE(AppState.ImportDoubts.empty());
+    EXPECT_EQ(AppState.ImportDoubtCount, 0);
+}
+
+struct DoubtCase {
+    const char* Name;
+    const char* Incremental;
+    const char* Text;
+    Lines Want;
+};
+
+const DoubtCase DoubtCases[] = {
+    {"good arcs", "YES", "G2 X10 I5 J0\nX20 I5 J0\nG3 X10 Y10 I-10 J0", {}},
+    {"a full circle", "YES", "G0 X70 Y35\nG3 X70 Y35 I-10 J0", {}},
+    // Centre (5, 0), radius 5; the end is 6 from it.
+    {"the end lies outside", "YES", "G2 X11 I5 J0", {"1: the arc ends 1 beside its circle"}},
+    {"the end lies inside", "YES", "G2 X9 I5 J0", {"1: the arc ends 1 beside its circle"}},
+    {"no more than 0.02", "YES", "G2 X10.02 I5 J0", {}},
+    {"more than 0.02", "YES", "G2 X10.021 I5 J0", {"1: the arc ends 0.02 beside its circle"}},
+    // Read as absolute, the centre (5, 0) is 107.35 from the start and 116.29 from the end.
+    {"relative centres read as absolute ones",
+     "NO",
+     "G0 X100 Y50\nG3 X110 Y50 I5 J0",
+     {"2: the arc ends 8.94 beside its circle"}},
+    {"a straight line with its words needs no circle", "YES", "G1 X11 I5 J0\nG0 X3 I9", {}},
+    // Both halves about (0, 0).
+    {"a centre that stays, absolute", "NO", "G0 X15\nG3 X-15 I0 J0\nX15", {}},
+    {"a left out 0 ahead of any arc", "YES", "G3 X0 Y0 J5", {}},
+    // The J of the first circle, 35, is taken as a distance: the second closes, with a radius of 36.4 instead of 10.
+    {"a left out 0 behind an arc",
+     "YES",
+     "G0 X70 Y35\nG3 X70 Y35 I-10 J0\nG0 X170 Y35\nG3 X170 Y35 I-10",
+     {"4: the arc has no J and takes that of an earlier line"}},
+    {"the same in the other axis",
+     "YES",
+     "G0 X35 Y70\nG3 X35 Y70 I0 J-10\nG0 X35 Y170\nG3 X35 Y170 J-10",
+     {"4: the arc has no I and takes that of an earlier line"}},
+    // Centre (45, 20): from the start (10, 0) 35 and 20 away, radius 40.31; from the end (20, 0) sqrt(1025) = 32.01.
+    {"a wrong centre that opens the arc",
+     "YES",
+     "G0 X0 Y20\nG2 X0 Y20 I35 J0\nG0 X10 Y0\nG2 X20 Y0 J20",
+     {"4: the arc ends 8.29 beside its circle: it has no I"}},
+    {"a radius word", "YES", "G2 X10 R5", {"1: the arc ends 10 beside its circle: it has no I and J"}},
+    {"every line counts, blank ones too",
+     "YES",
+     "%\r\n\r\n(a)\r\nG2 X11 I5 J0",
+     {"4: the arc ends 1 beside its circle"}},
+    {"a dwell behind a cut", "YES", "G1 X5\nG04 X2\nG1 X9", {"2: the dwell G04 is read as a move"}},
+    {"a dwell behind a rapid", "YES", "G0 X5\nG4 X2\nG1 X9", {"2: the dwell G04 is read as a move"}},
+    {"a dwell that moves Y", "YES", "G1 X5\nM3 (y) G04 Y2\nG1 X9", {"2: the dwell G04 is read as a move"}},
+    {"relative coordinates",
+     "YES",
+     "G90\nG91 G1 X5\nG90 G91.1\nG1 X9",
+     {"2: G91 isn't read, the coordinates count as absolute"}},
+    {"a dwell with a word of its own", "YES", "G1 X5\nG04 P2\nG4 F1 X5\nG40\nG41 X7\nG1 X9", {}},
+};
+
+TEST_F(Iso, DoubtsWhatIsHardlyMeantSo)
+{
+    for (const DoubtCase& c : DoubtCases) {
+        IncrementalCentre(c.Incremental);
+        ASSERT_TRUE(Import(c.Text)) << c.Name;
+        Lines doubts;
+        for (const ImportDoubt& doubt : AppState.ImportDoubts) {
+            doubts.push_back(std::to_string(doubt.Line) + ": " + doubt.What);
+        }
+        EXPECT_EQ(doubts, c.Want) << c.Name;
+        EXPECT_EQ(AppState.ImportDoubtCount, static_cast<std::int64_t>(c.Want.size())) << c.Name;
+    }
+}
+
+TEST_F(Iso, KeepsTheFirstDoubtsAndCountsAll)
+{
+    std::string text = "G1 X5\n";
+    for (int i = 0; i < 150; ++i) {
+        text += "G4 X" + std::to_string(i % 2) + "\n";
+    }
+    ASSERT_TRUE(Import(text));
+    EXPECT_EQ(AppState.ImportDoubtCount, 150);
+    ASSERT_EQ(AppState.ImportDoubts.size(), MaxDoubts);
+    EXPECT_EQ(AppState.ImportDoubts.back().Line, 101);
+    EXPECT_FALSE(Import("G0 X5\nG4 X2"));
+    EXPECT_TRUE(AppState.ImportDoubts.empty()) << "a refused program tells why, and no more";
+    EXPECT_EQ(AppState.ImportDoubtCount, 0);
+    EXPECT_EQ(AppState.ImportFailure, "the program holds no move that cuts");
 }
 
 struct RefusedCase {
