@@ -15,7 +15,9 @@ DESTDIR=$work/installed cmake --install build/release --strip >/dev/null
 installed=$work/installed/usr
 mkdir -p "$folder/lib" "$folder/plugins" "$folder/licences"
 cp -r "$installed/share/korvanta/station/." "$folder/"
-cp -r "$installed/share/doc/korvanta/manual" "$folder/manual"
+# The manual beside the pages that it points to.
+mkdir "$folder/docs"
+cp -r "$installed"/share/doc/korvanta/{manual,images,compensation.md,host-link.md,packaging.md} "$folder/docs/"
 cp "$root/LICENSE" "$folder/licences/korvanta.txt"
 cp "$installed"/bin/* "$(find "$installed" -name korvanta-painter.so)" "$folder/"
 
@@ -80,7 +82,7 @@ cat >"$folder/README.txt" <<'TEXT'
 Korvanta, portable form for Debian 12 (amd64)
 
 Start ./korvanta, or ./korvanta-batch without a window. Nothing needs to be installed on a machine with a desktop.
-Settings, tables, drawings, jobs and programs lie in this folder and travel with it. The manual is in the folder manual.
+Settings, tables, drawings, jobs and programs lie in this folder and travel with it. The manual is in docs/manual.
 
 The stick needs a file system that knows programs: ext4 or exFAT. From FAT32 copy the folder to the disk first.
 On a stick that may only be read the station remembers nothing, and saving ends it with a message. Let NC_PATH and NESTING_PATH in

@@ -312,6 +312,7 @@ check_portable() {
     mount -t tmpfs -o mode=755 stick "$stick"
     tar -C "$stick" -xzf "$portable"
     name=$(ls "$stick")
+    check "what the manual points to is there" manual_links "$stick/$name/docs"
     chroot "$machine" chown -R anna:anna /stick
     start_window "$machine" anna "/stick/$name/korvanta"
     check "the window shows \"$title\"" window_shown "$title"
