@@ -58,11 +58,12 @@ TEST(Installed, WorksInTheUsersFolder)
     const Installation installed;
     const BatchResult result = installed.RunAtHome("BRACKET.dxf --save MINE");
     EXPECT_EQ(result.Status, 0);
-    EXPECT_EQ(result.Errors.find("preview"), std::string::npos) << result.Errors;
+    // A build without the window has no painter, and says so.
+    const bool painted = fs::exists(KORVANTA_BINARY_DIR "/bin/korvanta-painter.so");
+    EXPECT_EQ(result.Errors.find("preview") == std::string::npos, painted) << result.Errors;
     EXPECT_TRUE(installed.Folder.Holds("home/Korvanta/NEST/MINE.nst"));
     EXPECT_TRUE(installed.Folder.Holds("home/Korvanta/PROGRAM/MINE.nc"));
-    EXPECT_EQ(installed.Folder.Holds("home/Korvanta/NEST/DATA/MINE.bmp"),
-              fs::exists(KORVANTA_BINARY_DIR "/bin/korvanta-painter.so"));
+    EXPECT_EQ(installed.Folder.Holds("home/Korvanta/NEST/DATA/MINE.bmp"), painted);
     EXPECT_FALSE(installed.Folder.Holds("usr/share/korvanta/station/NEST"));
     EXPECT_EQ(installed.RunAtHome("MINE.nst --program AGAIN").Status, 0);
     EXPECT_TRUE(installed.Folder.Holds("home/Korvanta/PROGRAM/AGAIN.nc"));
