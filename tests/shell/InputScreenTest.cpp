@@ -137,6 +137,8 @@ TEST_F(InputScreen, SavesTheProgramOfTheWholeNest)
     ASSERT_EQ(AppState.CountY, 2);
     GenerateProgram("DIRECT");
     EnterSaveMode();
+    FileNameEntered();
+    ASSERT_EQ(AppState.KeyBar[0], ImageRef{}) << "no other tab while a name is asked for";
     SetText(AppState.TextFileName, "saved");
     TakeCalls();
     KeyDispatcher(KeyF10, 0);
@@ -147,6 +149,7 @@ TEST_F(InputScreen, SavesTheProgramOfTheWholeNest)
     EXPECT_EQ(AppState.TextFileName.Text, "");
     EXPECT_EQ(AppState.TextNesting[FieldSheetX].Text, "0");
     EXPECT_EQ(AppState.KeyBar[0], (ImageRef{ImageList::InputState0, 1}));
+    EXPECT_EQ(AppState.KeyBar[8], (ImageRef{ImageList::InputState0, 9})) << "F9 leaves again";
     EXPECT_EQ(Screen.Calls.back(), "focus list 0");
 }
 
@@ -273,7 +276,7 @@ TEST_F(InputScreen, LeavingWritesNoLogAndSavesNothing)
 
 TEST_F(InputScreen, DeletesAJobWithItsCompanions)
 {
-    WriteJobs({"top", "topping"});
+    WriteJobs({"arm", "top", "topping"});
     for (const char* name :
          {"NEST/DATA/top.bmp", "NEST/DATA/top.drw", "NC/top.nc", "NC/TOP", "NC/topping.nc"}) {
         Station.Write(name, "");
@@ -290,7 +293,7 @@ TEST_F(InputScreen, DeletesAJobWithItsCompanions)
     }
     EXPECT_TRUE(Station.Holds("NC/TOP")) << "with an extension set only that program goes";
     EXPECT_TRUE(Station.Holds("NC/topping.nc"));
-    EXPECT_THAT(Texts(TabPrograms), ElementsAre("TOPPING"));
+    EXPECT_THAT(Texts(TabPrograms), ElementsAre("TOPPING")) << "the jobs that the name still asks for";
     DeleteJob("TOP");
     EXPECT_THAT(TakeCalls(), IsEmpty()) << "a job that isn't there is none";
 }

@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 
 using testing::Contains;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
@@ -149,6 +150,8 @@ TEST_F(Screens, AnImportIsDrawnOnTheParametersScreenAndAShapeIsnt)
     OpenPlate(0);
     ASSERT_FALSE(Drawn.Pictures.empty());
     EXPECT_EQ(Drawn.Pictures.back(), Picture::Param);
+    ASSERT_FALSE(AppState.JobName.empty());
+    EXPECT_THAT(Drawn.Strokes, Contains(HasSubstr("' " + AppState.JobName + " '"))) << "its name over it";
     EXPECT_EQ(TakeStrokesLike("line").size(), 8U) << "two contours of four lines, no axes";
     OpenRect(4);
     EXPECT_THAT(TakeStrokesLike("line"), IsEmpty());
@@ -241,6 +244,7 @@ TEST_F(Screens, LeavingForTheInputScreenDropsTheJobWithoutAQuestion)
     EXPECT_EQ(AppState.LabelNesting[LabelCountX], "");
     EXPECT_EQ(AppState.LabelNesting[LabelCountY], "");
     EXPECT_EQ(AppState.NestResultX, 0);
+    EXPECT_EQ(AppState.KeyBar[2], (ImageRef{ImageList::InputState0, 3})) << "the keys of the lists";
     EXPECT_THAT(TakeCalls(), Not(Contains("box text 32|||two")));
 }
 
