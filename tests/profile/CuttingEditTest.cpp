@@ -239,6 +239,21 @@ TEST_F(CuttingEdit, LeadGoesOneUnitIntoTheNextElement)
     EXPECT_NEAR(Record(1).LeadPosition, 5.0, Near);
 }
 
+TEST_F(CuttingEdit, ALastElementOneUnitLongIsEnteredInItsMiddle)
+{
+    AddLines({{0, 0}, {4, 0}, {4, 1}, {0, 1}, {0, 0}});
+    AddEnd(KindOuterEnd, 4, LibraryClass);
+    MeasureProfiles(FlagOn);
+    InitLeadData();
+    SelectProfile(1, FlagOff);
+    Record(1).LeadPosition = 6.0; // on the third side, which ends at 9
+    RedrawScreen(FlagOn);
+    MoveLeadNextElement();
+    // 10 isn't above the length, so it stands past the end, whose rule gives the middle and half the length.
+    EXPECT_EQ(Record(1).LeadElement, 4);
+    EXPECT_NEAR(Record(1).LeadPosition, 0.5, Near);
+}
+
 TEST_F(CuttingEdit, NextElementOfALaterProfileCountsFromItsOwnStart)
 {
     MakeThree();

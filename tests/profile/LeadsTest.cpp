@@ -464,6 +464,23 @@ TEST_F(Leads, CornerBehindAnotherElementLeavesInItsDirection)
     ExpectPlace(Records[5], KindEnd, 102.0, 0.0);
 }
 
+TEST_F(Leads, CornerOfALaterProfileIsReachedFromItsOwnLastElement)
+{
+    MakeSquare(ImportedClass);
+    AppState.ElementTable[5].Kind = KindEnd;
+    AddLines({{20, 20}, {20, 30}, {40, 30}, {20, 20}});
+    AddEnd(KindOuterEnd, -100, ImportedClass);
+    MeasureProfiles(FlagOn);
+    InitLeadData();
+    Record(2).LeadPosition = 5.0;
+    SetLeadOut(Record(2), 5.0, 0.0);
+    Build(2);
+    EXPECT_EQ(Record(2).LeadElement, 6);
+    ExpectPlace(Records[4], KindLine, 20.0, 20.0);
+    // It comes from (40, 30): 5 on along (-2, -1) / sqrt(5), whatever profile stands ahead in the table.
+    ExpectPlace(Records[5], KindEnd, 20.0 - 2 * std::sqrt(5.0), 20.0 - std::sqrt(5.0));
+}
+
 TEST_F(Leads, ArcArrivesAlongItsTangent)
 {
     // Half disc: line (0, 0) to (20, 0), arc back over (10, 10).
