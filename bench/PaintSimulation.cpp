@@ -1,7 +1,7 @@
 // The simulation on the painting body: the whole run of a nest of 100 parts, walk, blocks and pace included, against the
 // window system's own painter drawing the strokes of the same steps: trail, head off, head on ("painter_us", "ratio"), and
-// against the same strokes on the drawing seam ("seam_us", "seam_ratio"). Processor time of a step; nobody waits here. Picture
-// of 1024 x 768.
+// against the same strokes on the drawing seam ("seam_us", "seam_ratio"). Processor time of a step; nobody waits here.
+// Picture of 1024 x 768.
 #include "config/Korvanta_Configuration.h"
 #include "config/Korvanta_Utility.h"
 #include "nesting/Korvanta_CutTecnology.h"

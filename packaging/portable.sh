@@ -21,8 +21,8 @@ cp -r "$installed"/share/doc/korvanta/{manual,images,compensation.md,host-link.m
 cp "$root/LICENSE" "$folder/licences/korvanta.txt"
 cp "$installed"/bin/* "$(find "$installed" -name korvanta-painter.so)" "$folder/"
 
-# What comes from the machine, so that it fits the machine: the C and C++ libraries, the graphics driver's side of OpenGL, the
-# plain X11 libraries, and fontconfig, whose settings and fonts are the machine's own.
+# What comes from the machine, so that it fits the machine: the C and C++ libraries, the graphics driver's side of OpenGL,
+# the plain X11 libraries, and fontconfig, whose settings and fonts are the machine's own.
 from_machine='^(ld-linux.*|linux-vdso|libc|libm|libdl|libpthread|librt|libresolv|libstdc\+\+|libgcc_s|libGL|libGLX|libEGL|libGLdispatch|libX11|libX11-xcb|libxcb|libXau|libXdmcp|libfontconfig|libfreetype|libexpat)\.so'
 
 # Window system, pictures and input of the window library. The plugins of other window systems aren't needed on a desktop:
@@ -92,4 +92,5 @@ The licences of Korvanta and of the libraries in lib are in the folder licences.
 TEXT
 chmod -R u=rwX,go=rX "$folder"
 tar -C "$work" --sort=name --owner=0 --group=0 --numeric-owner --mtime="@${SOURCE_DATE_EPOCH:-$(date +%s)}" \
-    -czf "$root/build/packages/$name-portable.tar.gz" "$name"
+    -czf "$work/portable.tar.gz" "$name"
+mv "$work/portable.tar.gz" "$root/build/packages/$name-portable.tar.gz" # complete, or not there

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs and runs the packages of build/packages in clean Debian 12 systems, and says PASS or FAIL.
-# The Debian package: checked by lintian and the validators, installed with what it depends on, worked by keys as an ordinary
-# user, called without a window, renewed over an edited station, purged. The portable form: the same keys on a machine with X11
+# The Debian package: checked by lintian and the validators, installed with what it depends on, worked by keys as an
+# ordinary user, called without a window, renewed over an edited station, purged. The portable form: the same keys on a machine with X11
 # and no more, then on a stick that may only be read.
 # Needs root, or user namespaces with sub-ids. What was downloaded stays for a day in build/packages/cache.
 set -euo pipefail

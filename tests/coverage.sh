@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Line and branch coverage of korvanta_core by all tests that need no window, as clang counts them: an exception that
-# may pass a call is no branch. Prints a row for each room and one for the whole; the status is 1 when a test fails, or when a row
-# falls below its limit.
+# may pass a call is no branch. Prints a row for each room and one for the whole; the status is 1 when a test fails, or when
+# a row falls below its limit.
 #   tests/coverage.sh              the table
 #   tests/coverage.sh --missing    the lines that no test reaches, too
 set -euo pipefail
