@@ -245,6 +245,7 @@ TEST_F(Ways, TheInputScreenClearsTheNestResults)
     NextCamTab();
     NextCamTab();
     AppState.NestResultX = 3;
+    AppState.NestResultY = 2;
     EnterInputScreen();
     EXPECT_EQ(AppState.ScreenState, ScreenInput);
     EXPECT_EQ(AppState.FieldMode, 0);
@@ -252,5 +253,6 @@ TEST_F(Ways, TheInputScreenClearsTheNestResults)
     EXPECT_EQ(AppState.TextNesting[FieldSheetY].Text, "0");
     EXPECT_EQ(AppState.LabelNesting[LabelCountX], "");
     EXPECT_EQ(AppState.NestResultX, 0);
+    EXPECT_EQ(AppState.NestResultY, 0);
 }
 } // namespace
