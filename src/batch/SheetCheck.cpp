@@ -1,9 +1,25 @@
 #include "batch/SheetCheck.h"
 
 #include "config/Korvanta_Utility.h"
+#include "config/PprValues.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "shell/ValueFields.h"
+
+namespace
+{
+/// The nest of a program with sub-programs stands further in by what the leads reach below the part's low corner. Where no
+/// program was written these are 0.
+void MoveByLeads(NestBox& box)
+{
+    if (ReadPprValue("PartProgram_CONFIG", "SUBPROGRAMS", "NO") == "YES") {
+        box.Left -= AppState.ProgramMinX;
+        box.Right -= AppState.ProgramMinX;
+        box.Bottom -= AppState.ProgramMinY;
+        box.Top -= AppState.ProgramMinY;
+    }
+}
+} // namespace
 
 std::vector<std::string> EdgesOverrun()
 {
@@ -18,6 +34,7 @@ std::vector<std::string> EdgesOverrun()
     if (!FindNestBox(originX, originY, box)) {
         return found;
     }
+    MoveByLeads(box);
     const struct {
         const char* Edge;
         double Over;

@@ -101,6 +101,7 @@ void DrawStaggeredNest(Picture picture, const PartStrokes& part)
     }
 }
 
+/// A single copy stands at 0, 0 with its axes, also on the sheet; the overlay shows where the program has it.
 void DrawContent(Picture picture, Flag axes, Flag marker)
 {
     if (ShowsNest()) {

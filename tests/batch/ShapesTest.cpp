@@ -174,6 +174,25 @@ std::string ReadShipped(const std::string& name)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+TEST(Shapes, SubProgramsMoveTheNestOverTheEdge)
+{
+    const BatchStation station;
+    const std::string table = "PPR_SubPrograms.ini";
+    station.Folder.Write("Korvanta.ini", "[CONFIG]\r\nPPR_INI=" + table + "\r\nNC_PATH=NC\r\n");
+    station.Folder.Write(table, ReadShipped(table));
+    const std::vector<std::string> nest = {"R-13",  "--param", "A=100", "--param",   "B=100",
+                                           "--set", "Y Gap=4", "--set", "Y Sheet=*1"};
+    EXPECT_EQ(station.Run(nest).Errors, "");
+    // The lead begins 15 below the corner, so the copy goes from 2 to 17 and ends at 117, on a sheet of 100 + 2 x 4.
+    std::vector<std::string> program = nest;
+    program.insert(program.end(), {"--program", "S"});
+    const BatchResult written = station.Run(program);
+    EXPECT_EQ(written.Status, 0);
+    EXPECT_THAT(written.Errors,
+                HasSubstr("warning: the nest reaches over the upper edge of the sheet by 9\n"));
+    EXPECT_THAT(written.Errors, Not(HasSubstr("right edge")));
+}
+
 /// Cut starts and motion lines of a program, and whether any number is none.
 struct ProgramFigures {
     int Moves = 0;
