@@ -2,6 +2,7 @@
 
 #include "config/Korvanta_Utility.h"
 #include "platform/StationFolder.h"
+#include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_Common.h"
 #include "shapes/Korvanta_Parameters.h"
 
@@ -188,7 +189,7 @@ void CheckName(std::string& name, const char* option)
     if (Trim(name.substr(0, name.find('.'))).empty()) {
         throw CLI::ValidationError(option, "the name is empty");
     }
-    if (UpperCase(name.substr(0, name.find('.'))) == "SIMULA") {
+    if (UpperCase(name.substr(0, name.find('.'))) == SimulationName) {
         throw CLI::ValidationError(option,
                                    "SIMULA is the station's word for a simulation; choose another name");
     }

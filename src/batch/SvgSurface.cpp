@@ -260,6 +260,6 @@ std::string PartSvg()
     const double width = Svg.MaxX - Svg.MinX + 2 * margin;
     const double height = Svg.MaxY - Svg.MinY + 2 * margin;
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + Number(Svg.MinX - margin) + " " +
-           Number(-Svg.MaxY - margin) + " " + Number(width) + " " + Number(height) +
-           "\" width=\"640\">\n<style>path{fill:none}</style>\n" + Svg.Paths + "</svg>\n";
+           Number(-Svg.MaxY - margin) + " " + Number(width) + " " + Number(height) + "\" width=\"" +
+           std::to_string(WidthPixels) + "\">\n<style>path{fill:none}</style>\n" + Svg.Paths + "</svg>\n";
 }

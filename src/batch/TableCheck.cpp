@@ -2,6 +2,7 @@
 
 #include "config/PprValues.h"
 #include "geometry/Orbalib.h"
+#include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_ProfileCut.h"
 
 #include <algorithm>
@@ -12,20 +13,6 @@ namespace
 {
 constexpr std::size_t ProfilesListed = 10;
 constexpr double HalfTurnAtMost = Pi + 1e-4; ///< a drawn half circle may be off by the rounding of its file
-
-/// Whether a line of the block, as the program reads them, holds `text`.
-bool BlockHolds(const std::string& section, std::string_view text)
-{
-    for (int n = 1;; ++n) {
-        const std::string_view line = FindPprValue(section, "LINE" + std::to_string(n), "//END");
-        if (line == "//END") {
-            return false;
-        }
-        if (line.find(text) != std::string_view::npos) {
-            return true;
-        }
-    }
-}
 
 std::string Listed(const std::vector<std::int32_t>& profiles)
 {
@@ -96,8 +83,7 @@ void WarnOfMarks(std::vector<std::string>& warnings)
     if (AppState.MarkPointCount == 0) {
         return;
     }
-    const bool written = FindPprValue("PartProgram_POINT", "LINE1", "//END") != "//END";
-    if (!written) {
+    if (BlockLines("PartProgram_POINT").empty()) {
         warnings.emplace_back("the marking points aren't in the program: the table has no PartProgram_POINT");
     } else if (FindPprValue("PartProgram_CONFIG", "SUBPROGRAMS", "NO") == "YES") {
         warnings.emplace_back(

@@ -9,6 +9,11 @@ namespace
 {
 constexpr double LeastAheadOfFlyOff = 1.0; ///< a move must be longer than the fly-off by this to be split
 
+/// Places of the leads in their records.
+constexpr std::size_t FirstOfLeadIn = 1;
+constexpr std::size_t LastOfLeadIn = 3;
+constexpr std::size_t FirstOfLeadOut = 4;
+
 const ProfileElement& Slot(std::int32_t slot)
 {
     return AppState.ElementTable[static_cast<std::size_t>(slot)];
@@ -44,8 +49,8 @@ void AddLead(ExpectedCut& cut, const LeadRecordArray& leads, std::size_t first, 
 /// The closing record of a lead-in: the lead point.
 const CutMove& LeadPointOf(const LeadRecordArray& leads)
 {
-    std::size_t i = 1;
-    while (i < 3 && leads[i].Kind != KindEnd) {
+    std::size_t i = FirstOfLeadIn;
+    while (i < LastOfLeadIn && leads[i].Kind != KindEnd) {
         ++i;
     }
     return leads[i];
@@ -152,7 +157,7 @@ ExpectedCut ExpectCut(std::int32_t profile, double flyOff)
     BuildLeads(leads, profile); // sets LeadElement, too
     const std::int32_t lead = AppState.ProfileTable[static_cast<std::size_t>(profile)].LeadElement;
     const CutMove& point = LeadPointOf(leads);
-    AddLead(cut, leads, 1, PhaseLeadIn);
+    AddLead(cut, leads, FirstOfLeadIn, PhaseLeadIn);
     const std::size_t contour = cut.size();
     const bool open = Slot(mark).GeoB == 0.0;
     if (open) {
@@ -165,7 +170,7 @@ ExpectedCut ExpectCut(std::int32_t profile, double flyOff)
     JoinContour(cut, contour, open ? Slot(mark).StartX : point.X, open ? Slot(mark).StartY : point.Y);
     SplitForFlyOff(cut, flyOff);
     const std::int16_t side = cut.back().Side;
-    AddLead(cut, leads, 4, PhaseLeadOut);
+    AddLead(cut, leads, FirstOfLeadOut, PhaseLeadOut);
     for (ExpectedMove& move : cut) {
         move.Side = move.Phase == PhaseProfile ? move.Side : side;
     }

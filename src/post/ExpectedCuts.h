@@ -25,5 +25,5 @@ struct ExpectedMove {
 using ExpectedCut = std::vector<ExpectedMove>;
 
 /// Lead-in, contour from the lead point once round, lead-out. `flyOff` splits the last move of the contour where the
-/// torch may go out. Empty for a profile without elements.
+/// torch may go out. Empty for a profile without elements. Needs the lead data; sets LeadElement of the profile's record.
 ExpectedCut ExpectCut(std::int32_t profile, double flyOff);

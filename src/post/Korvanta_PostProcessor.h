@@ -66,6 +66,12 @@ Flag ExpandLine(std::int16_t file, std::string& line, std::string_view vector, c
 /// Numbers `text` when asked to and sends it to its destination. A line number beyond 32 bits: RunTimeFault.
 void WriteLine(std::int16_t file, std::string_view text, bool numbered);
 
+/// The lines of a block from LINE1 on, as the table has them but for the mark of a numbered line.
+std::vector<std::string> BlockLines(std::string_view section);
+
+/// Whether a line of the block holds `text`, letters as they stand.
+bool BlockHolds(std::string_view section, std::string_view text);
+
 /// Writes LINE1.. to the file and COLLECTION1.. to the buffer; only the latter see the limits. `isInternal` is
 /// ignored: every line is expanded as internal. A fault names section, line and tag.
 void WriteBlock(std::int16_t file, std::string_view section, std::string_view vector,
@@ -103,14 +109,17 @@ void WriteCircular(std::int16_t file, std::string_view vector);
 /// Position of the nest's first cell in the program: within the edge, or with the path cursor's point at zero.
 void ProgramOrigin(double& x, double& y);
 
+/// The name of a program that is a simulation.
+inline constexpr const char* SimulationName = "SIMULA";
+
 /// Note for the control beside the program, with FTBLCNC=YES: the name of the last program.
 inline constexpr const char* HandOverFile = "ftblcnc.dat";
 
 /// File name of the program of job `name`: folders and all from the first "." cut, FILE_EXTENSION added.
 std::string ProgramFileName(const std::string& name);
 
-/// Writes the program of the current nest into `NcPath`; "SIMULA" walks without a file and shows the head, and one at a
-/// time: keys that arrive meanwhile must not start another run, nor touch the part. Sets ProgramPath, ProgramLines,
+/// Writes the program of the current nest into `NcPath`; SimulationName walks without a file and shows the head, and one
+/// at a time: keys that arrive meanwhile must not start another run, nor touch the part. Sets ProgramPath, ProgramLines,
 /// ProgramCopies. Any failure is a RunTimeFault; the unfinished program then stays under its name + ".part". `old` is what
 /// becomes of an earlier program of that name meanwhile.
 void GenerateProgram(const std::string& name, OldFile old = OldFile::Removed);

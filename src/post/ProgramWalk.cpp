@@ -19,7 +19,6 @@
 namespace
 {
 constexpr std::string_view ConfigSection = "PartProgram_CONFIG";
-constexpr std::string_view SimulationName = "SIMULA";
 constexpr double BoundsStart = 1e37; ///< limits of a copy without a move stay there
 
 /// Values of Walk::SubMode.

@@ -44,12 +44,14 @@ struct ReadBack {
     std::string Line;             ///< kept for its storage
 };
 
-/// False when the file can't be read.
+/// Opens the program `path` and sets the modal values of ISO-IN to those of a start. Needs the table, which tells how
+/// centres stand. False when the file can't be read.
 bool OpenReadBack(ReadBack& program, const std::string& path);
 
 /// The next cut. False at the end of the file; `cut` then holds the rapids behind the last cut.
 bool ReadCut(ReadBack& program, FoundCut& cut);
 
+/// Whether M `word` is among them.
 bool HoldsMWord(const std::vector<double>& words, double word);
 
 /// Adds the M words of a line without comments that aren't there yet.

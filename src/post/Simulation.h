@@ -1,5 +1,5 @@
 // Simulation.h -- the head that travels over the nest: a program run without a file, whose writers step it along. All of
-// it is the walk of GenerateProgram("SIMULA"); these are the routines that its writers and the keys call.
+// it is the walk of GenerateProgram(SimulationName); these are the routines that its writers and the keys call.
 #pragma once
 
 #include <cstdint>

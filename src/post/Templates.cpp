@@ -274,6 +274,25 @@ Flag ExpandLine(std::int16_t file, std::string& line, std::string_view vector, c
     return ToFlag(written);
 }
 
+std::vector<std::string> BlockLines(std::string_view section)
+{
+    KeyName name;
+    std::vector<std::string> lines;
+    std::string line;
+    bool numbered = false;
+    for (int n = 1; ReadBlockLine(section, name.Form("LINE", n), line, numbered); ++n) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+bool BlockHolds(std::string_view section, std::string_view text)
+{
+    const std::vector<std::string> lines = BlockLines(section);
+    return std::any_of(lines.begin(), lines.end(),
+                       [text](const std::string& line) { return Contains(line, text); });
+}
+
 void WriteLine(std::int16_t file, std::string_view text, bool numbered)
 {
     std::string numberedText;

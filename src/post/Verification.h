@@ -29,8 +29,8 @@ struct Verification {
 /// Compares the program that GenerateProgram has just written (ProgramPath, ProgramLines, ProgramCopies, and ProgramSum
 /// when it was kept) with the part and the nest in force: each move of each cut in order, its place within the three
 /// decimals that are cut off, its direction, its centre, the side and the end of the compensation, the marks, and the
-/// M words that the table puts around a cut. Needs the part, the nest, the fields and the table as they were for the program;
-/// changes none of them, but the modal values of ISO-IN. Memory doesn't grow with the nest.
+/// M words that the table puts around a cut. Needs the part, the nest, the fields and the table as they were for the
+/// program; changes none of them, but the modal values of ISO-IN. Memory doesn't grow with the nest.
 Verification VerifyProgram();
 
 /// Takes a program that was found wrong out of use: it stands under its name + ".part" then, and the hand-over note for

@@ -21,26 +21,6 @@ std::string Place(const std::string& section, const std::string& key = "")
     return "[" + section + "] " + key;
 }
 
-/// The lines of a block, as the table has them.
-std::vector<std::string> BlockLines(const std::string& section)
-{
-    std::vector<std::string> lines;
-    for (int n = 1;; ++n) {
-        lines.push_back(ReadPprValue(section, "LINE" + std::to_string(n), "//END"));
-        if (lines.back() == "//END") {
-            lines.pop_back();
-            return lines;
-        }
-    }
-}
-
-bool BlockHolds(const std::string& section, std::string_view text)
-{
-    const std::vector<std::string> lines = BlockLines(section);
-    return std::any_of(lines.begin(), lines.end(),
-                       [text](const std::string& line) { return Contains(line, text); });
-}
-
 /// The code that the reader finds at the head of a move; NoCode for none.
 std::int16_t CodeOfMove(const std::string& section, const std::string& code)
 {

@@ -1,6 +1,7 @@
 #include "qt/Artwork.h"
 
 #include "qt/ShapePictures.h"
+#include "shapes/Korvanta_Parameters.h"
 
 #include <QPainter>
 #include <QPixmapCache>
@@ -212,11 +213,11 @@ QPixmap ArtPicture(const ImageRef& image, QSize size, qreal pixelRatio)
 {
     switch (image.List) {
     case ImageList::Rect:
-        return ShapePicture(static_cast<std::int16_t>(1000 + image.Image), size, pixelRatio);
+        return ShapePicture(static_cast<std::int16_t>(FamilyRect + image.Image), size, pixelRatio);
     case ImageList::Circular:
-        return ShapePicture(static_cast<std::int16_t>(2000 + image.Image), size, pixelRatio);
+        return ShapePicture(static_cast<std::int16_t>(FamilyCircular + image.Image), size, pixelRatio);
     case ImageList::Holes:
-        return ShapePicture(static_cast<std::int16_t>(3000 + image.Image), size, pixelRatio);
+        return ShapePicture(static_cast<std::int16_t>(FamilyHoles + image.Image), size, pixelRatio);
     default:
         return DrawArt(ArtFile(image), size, pixelRatio);
     }

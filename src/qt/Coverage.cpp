@@ -24,8 +24,8 @@ void AddCell(CoverageMask& mask, std::size_t cell, int amount)
     value = static_cast<std::uint8_t>(std::min(255, value + amount));
 }
 
-/// A share of a pixel as the mask counts it, rounded; what is below zero is none. Called for every pixel, where the library's
-/// rounding would cost.
+/// A share of a pixel as the mask counts it, rounded; what is below zero is none. Called for every pixel, where the
+/// library's rounding would cost.
 int AmountOf(double share)
 {
     const double amount = share * Full + 0.5;

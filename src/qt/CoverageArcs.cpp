@@ -13,6 +13,9 @@ constexpr int MostChords = 20000;      ///< of one arc: more than any image need
 constexpr double LevelTangent = 0.01;  ///< sine of the angle that the end of an arc may lean from an axis
 constexpr double AlmostFull = 6.28;    ///< radians; a whole circle joins nothing
 constexpr double LargeRadius = 1000.0; ///< pixels; arcs beyond are cut to the image before they are flattened
+constexpr std::size_t MostCrossings = 10; ///< an ellipse and four borders: two each; start and end
+
+using Crossings = std::array<double, MostCrossings>;
 
 double PointX(const PixelArc& arc, double angle)
 {
@@ -80,7 +83,7 @@ void CoverChords(CoverageMask& mask, const StrokeStyle& style, const PixelArc& a
 }
 
 /// Keeps an angle at which the whole ellipse crosses a border of the image, counted from the start, if the arc has it.
-void AddCrossing(const PixelArc& arc, double angle, std::array<double, 10>& crossings, std::size_t& count)
+void AddCrossing(const PixelArc& arc, double angle, Crossings& crossings, std::size_t& count)
 {
     constexpr double Turn = 2 * std::numbers::pi;
     double after = std::fmod(angle - arc.Start, Turn);
@@ -94,7 +97,7 @@ void AddCrossing(const PixelArc& arc, double angle, std::array<double, 10>& cros
 void CoverLargeArc(CoverageMask& mask, const StrokeStyle& style, const PixelArc& arc)
 {
     const double margin = SeenAround + style.Width;
-    std::array<double, 10> crossings{};
+    Crossings crossings{};
     std::size_t count = 0;
     crossings[count++] = 0.0;
     for (const double border : {-margin, mask.Width + margin}) {

@@ -21,13 +21,16 @@ constexpr int LeastTabFont = 9;
 constexpr int DesignScreen = 768;      ///< height of the screen that the key bar is designed for
 constexpr int DesignButtonHeight = 60; ///< of that key bar
 constexpr int KeyDivisor = 11;         ///< a key is an eleventh of the window wide
-constexpr int KeyCount = 10;
-constexpr int KeyInset = 6; ///< from a key's edge to its picture
-constexpr int ListTop = 11; ///< of the lists below the edge of the tabs
+constexpr int KeyInset = 6;            ///< from a key's edge to its picture
+constexpr int LeastKeyIcon = 8;
+constexpr int TabIconExtra = 4; ///< of a tab's icon over the height of its letters
+constexpr int ListTop = 11;     ///< of the lists below the edge of the tabs
 constexpr int ListInset = 3;
 constexpr int HostMargin = 12;  ///< between the job list and its frame, with a host's bar
 constexpr int FrameMargin = 18; ///< and without
 constexpr int Gap = 6;
+constexpr int FieldDigits = 12;  ///< that a field has room for
+constexpr int CountPercent = 40; ///< of a sheet field's width that its count takes
 constexpr int LabelPercent = 28; ///< of the window's width that labels of fields take at most
 constexpr int ChineseLanguage = 6;
 constexpr const char* ChineseFamily = "Noto Sans CJK SC";
@@ -74,7 +77,7 @@ void FitTabs(QTabBar* tabs, QFont font)
     for (int pixels = font.pixelSize(); pixels >= LeastTabFont; --pixels) {
         font.setPixelSize(pixels);
         tabs->setFont(font);
-        const int icon = QFontMetrics(font).height() + 4;
+        const int icon = QFontMetrics(font).height() + TabIconExtra;
         tabs->setIconSize(QSize(icon, icon));
         if (tabs->sizeHint().width() <= Window.Main->width()) {
             return;
@@ -108,11 +111,11 @@ void SetFonts()
 void PlaceKeyBar(const Measures& m)
 {
     const int width = m.Width / KeyDivisor;
-    for (int i = 0; i < KeyCount; ++i) {
+    for (int i = 0; i < KeyButtonCount; ++i) {
         QToolButton* key = Window.Keys[static_cast<std::size_t>(i)];
-        const int left = (m.Width * (2 * i + 1) / KeyCount - width) / 2;
+        const int left = (m.Width * (2 * i + 1) / KeyButtonCount - width) / 2;
         key->setGeometry(left, m.Height - m.Button, width, m.Button);
-        const int icon = std::max(8, std::min(width, m.Button) - KeyInset);
+        const int icon = std::max(LeastKeyIcon, std::min(width, m.Button) - KeyInset);
         key->setIconSize(QSize(icon, icon));
     }
 }
@@ -137,7 +140,7 @@ int PlaceNameFrame(const QRect& area)
     const int picture = std::clamp<int>(AppState.Window.PreviewWidth, 1, std::max(1, area.width() / 2));
     const int label = std::min(NameLabelWidth(metrics), area.width() / 3);
     const int width =
-        std::min(std::max(picture, std::max(label + line + Gap, 12 * line / 2)), area.width() / 2);
+        std::min(std::max(picture, std::max(label + line + Gap, FieldDigits * line / 2)), area.width() / 2);
     const int height =
         std::clamp<int>(AppState.Window.PreviewHeight, 1, std::max(1, area.height() - 2 * line - 2 * Gap));
     Window.FrameFileNesting->setGeometry(
@@ -201,7 +204,7 @@ void PlaceCounts()
     for (std::size_t i = 0; i < Window.Counts.size(); ++i) {
         QLineEdit* edit = Window.Nesting[i].Edit;
         const QRect whole = edit->geometry();
-        const int count = whole.width() * 2 / 5;
+        const int count = whole.width() * CountPercent / 100;
         edit->setGeometry(whole.adjusted(0, 0, -count - 2, 0));
         Window.Counts[i]->setGeometry(whole.right() + 1 - count, whole.top(), count, whole.height());
     }
@@ -223,7 +226,7 @@ void PlaceCamPanel(const Measures& m)
     const int widest = std::max({WidestLabel(Window.Params, metrics), WidestLabel(Window.Cutting, metrics),
                                  WidestLabel(Window.Nesting, metrics)});
     const int label = std::min(widest + Gap, m.Width * LabelPercent / 100);
-    const int field = metrics.horizontalAdvance("0") * 12;
+    const int field = metrics.horizontalAdvance("0") * FieldDigits;
     const QRect area = AtLeastEmpty({ListInset, m.TabHeight + ListInset, m.Width - 2 * ListInset,
                                      m.Work.height() - m.TabHeight - 2 * ListInset});
     const int frameWidth = std::min(label + field, area.width() / 2);
@@ -258,6 +261,20 @@ bool SizeImages()
         }
     }
     return changed;
+}
+
+/// Draws the current screen's picture anew, fitted, after its box became another.
+void RedrawBoxes()
+{
+    if (AppState.ScreenState == ScreenParameters) {
+        if (AppState.ShapeId == 0) {
+            DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
+        } else {
+            DrawShapePicture(Picture::Param, FocusedParameter());
+        }
+    } else if (AppState.Redraw != nullptr) {
+        AppState.Redraw(FlagOn);
+    }
 }
 } // namespace
 
@@ -295,17 +312,4 @@ QString LayoutSignature()
         text += AppState.ParamText[i].Visible != FlagOff ? '|' + FromText(AppState.ParamLabel[i]) : "";
     }
     return text;
-}
-
-void RedrawBoxes()
-{
-    if (AppState.ScreenState == ScreenParameters) {
-        if (AppState.ShapeId == 0) {
-            DrawScene(Picture::Param, FlagOn, FlagOff, FlagOff);
-        } else {
-            DrawShapePicture(Picture::Param, FocusedParameter());
-        }
-    } else if (AppState.Redraw != nullptr) {
-        AppState.Redraw(FlagOn);
-    }
 }

@@ -8,6 +8,3 @@ void LayOutWindow();
 
 /// What the places depend on, as one text: another text asks for LayOutWindow.
 QString LayoutSignature();
-
-/// Draws the current screen's picture anew, fitted, after its box became another.
-void RedrawBoxes();

@@ -227,6 +227,7 @@ QFont FontOf(const PaintedPicture& painted)
     font.setStyleStrategy(QFont::NoSubpixelAntialias); // no coloured fringes
     return font;
 }
+
 /// The ground around letters, so that they are read where they stand on strokes.
 void DrawHalo(QPainter& painter, QPointF base, const QString& text)
 {

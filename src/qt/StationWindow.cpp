@@ -15,6 +15,7 @@ StationWindowRecord Window;
 namespace
 {
 constexpr int IconPixels = 64;
+constexpr int LongestText = 255; ///< characters that a field takes
 
 QLabel* MakeLabel(QWidget* parent, const QString& name)
 {
@@ -30,7 +31,7 @@ QLineEdit* MakeEdit(QWidget* parent, const QString& name)
 {
     auto* edit = new QLineEdit(parent);
     edit->setContextMenuPolicy(Qt::NoContextMenu);
-    edit->setMaxLength(255);
+    edit->setMaxLength(LongestText);
     edit->setAcceptDrops(false); // a text comes in only where the focus is
     edit->setDragEnabled(false);
     NameControl(edit, name);
@@ -161,7 +162,6 @@ void SetGround()
     Window.Main->setPalette(palette);
     Window.Main->setAutoFillBackground(true);
 }
-
 } // namespace
 
 QString FromText(const std::string& text)

@@ -34,7 +34,6 @@ std::string JobPath(const std::string& baseName)
 constexpr std::size_t LongestFileName = 255;
 
 /// The name under which a program is shown and not written.
-constexpr std::string_view SimulationName = "SIMULA";
 
 /// A name that no file can have isn't worth a fault: the operator is asked again, and the nest is still there. The same
 /// for the name that would run the simulation and write nothing.

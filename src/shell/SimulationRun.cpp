@@ -12,7 +12,7 @@ void StartSimulation()
         return;
     }
     AppState.ButtonPressed = FlagOff; // a click that started it is over as far as its fields are concerned
-    GenerateProgram("SIMULA");
+    GenerateProgram(SimulationName);
     if (AppState.AfterSimulation) {
         const auto event = std::exchange(AppState.AfterSimulation, nullptr);
         event();

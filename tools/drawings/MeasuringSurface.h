@@ -1,5 +1,5 @@
-// MeasuringSurface.h -- a body of the drawing seam that keeps strokes and texts as figures in pixels, with letters of a usual
-// screen font.
+// MeasuringSurface.h -- a body of the drawing seam that keeps strokes and texts as figures in pixels, with letters of a
+// usual screen font.
 #pragma once
 
 #include "platform/Surface.h"

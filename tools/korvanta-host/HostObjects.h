@@ -28,6 +28,6 @@ extern HostRecord Host;
 /// A line on what has happened.
 void TellHost(const QString& line);
 
-/// Takes the name on the session bus and offers both objects; the end of the bus ends the program. False without a bus, or when another host has the name;
-/// `reason` then tells which.
+/// Takes the name on the session bus and offers both objects; the end of the bus ends the program. False without a bus,
+/// or when another host has the name; `reason` then tells which.
 bool OfferHost(QString& reason);
