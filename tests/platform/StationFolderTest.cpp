@@ -490,7 +490,9 @@ TEST_F(StationFolder, OutlivesABrokenRecord)
 {
     Start();
     Edit("Korvanta.ini", "my settings");
-    Edit(".korvanta", std::string("no record\n\0\xFF 0123456789abcdef\n0123456789abcdef \n", 50));
+    constexpr std::string_view Broken("no record\n\0\xFF 0123456789abcdef\n0123456789abcdef \n", 48);
+    static_assert(Broken.ends_with(" \n") && Broken.find('\0') == 10);
+    Edit(".korvanta", std::string(Broken));
     Start();
     std::map<std::string, std::string> expected = FilesOf(Template);
     expected["Korvanta.ini"] = "my settings";
