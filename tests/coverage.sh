@@ -10,6 +10,8 @@ rooms=(state platform geometry config profile shapes nesting import post jobfile
 room_lines=95 room_branches=85
 core_lines=98 core_branches=93
 
+# What instrumented programs count while the build runs them is nobody's.
+export LLVM_PROFILE_FILE=/dev/null
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage >build/coverage/build.log || { tail -n 40 build/coverage/build.log; exit 1; }
 
