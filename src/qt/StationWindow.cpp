@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScreen>
+#include <QToolButton>
 #include <QWindow>
 
 StationWindowRecord Window;
@@ -68,6 +69,9 @@ QTabBar* MakeTabs(QWidget* parent, const QString& name, int count)
     tabs->setFocusPolicy(Qt::NoFocus);
     tabs->setDrawBase(false);
     tabs->setUsesScrollButtons(true);
+    for (QToolButton* arrow : tabs->findChildren<QToolButton*>()) {
+        arrow->setFocusPolicy(Qt::NoFocus); // Tab would stop at them in a narrow window
+    }
     tabs->setElideMode(Qt::ElideRight);
     tabs->setExpanding(false);
     for (int i = 0; i < count; ++i) {

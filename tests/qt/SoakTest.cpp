@@ -38,4 +38,21 @@ TEST(WindowSoakFound, AnotherSizeShowsTheSheetThatTheDrawingWrote)
                                            {SoakDo::Resize, 89, 41, ""}};
     EXPECT_EQ(RunSoakSession(WindowBody, {SoakSettings(), events}).Failure, "");
 }
+
+TEST(WindowSoakFound, TabStopsAtNoArrowOfTheTabs)
+{
+    // Chinese, in a window too narrow for the tabs: their arrows came to show, and took the focus
+    constexpr std::int32_t TabKey = 9;
+    const SoakSettings settings{2, 6, false, false, true};
+    const std::vector<SoakEvent> events = {{SoakDo::ListDouble, 88, 69, "", SoakAnswer::Cancel, 0},
+                                           {SoakDo::Resize, 39, 29, "", SoakAnswer::Cancel, 0},
+                                           {SoakDo::Key, KeyF10, 0, "", SoakAnswer::OkButStay, 0},
+                                           {SoakDo::Key, KeyF10, 0, "", SoakAnswer::OkButStay, 0},
+                                           {SoakDo::Key, KeyF10, 0, "", SoakAnswer::OkButStay, 0},
+                                           {SoakDo::Key, KeyF10, 0, "", SoakAnswer::OkButStay, 0},
+                                           {SoakDo::InputTab, 4, 0, "", SoakAnswer::Cancel, 0},
+                                           {SoakDo::Key, TabKey, 0, "", SoakAnswer::OkButStay, 0},
+                                           {SoakDo::Resize, 41, 61, "", SoakAnswer::OkButStay, 0}};
+    EXPECT_EQ(RunSoakSession(WindowBody, {settings, events}).Failure, "");
+}
 } // namespace
