@@ -10,7 +10,6 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QProcess>
 #include <QThread>
 
@@ -55,8 +54,7 @@ struct SharedBusRecord {
         Daemon.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--address=" + Address});
         QElapsedTimer timer;
         timer.start();
-        while (!QFileInfo::exists(QString::fromStdString(Folder.Path) + "/bus") &&
-               timer.elapsed() < StartMilliseconds) {
+        while (!Answers() && timer.elapsed() < StartMilliseconds) {
             QThread::msleep(PollMilliseconds);
         }
         qputenv("DBUS_SESSION_BUS_ADDRESS", Address.toUtf8());
@@ -66,6 +64,14 @@ struct SharedBusRecord {
     {
         Daemon.kill();
         Daemon.waitForFinished();
+    }
+
+    /// Its socket is there a moment before the daemon listens.
+    bool Answers() const
+    {
+        const bool connected = QDBusConnection::connectToBus(Address, "first-try").isConnected();
+        QDBusConnection::disconnectFromBus("first-try");
+        return connected;
     }
 
     TempFolder Folder;
