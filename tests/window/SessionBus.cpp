@@ -6,6 +6,10 @@
 #include <sstream>
 #include <stdexcept>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 namespace
 {
 namespace fs = std::filesystem;
@@ -33,6 +37,18 @@ std::string Settings(const std::string& folder)
 )";
 }
 
+/// True when the socket takes a connection: it is there a moment before the daemon listens.
+bool Listens(const std::string& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+    const int attempt = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool taken = connect(attempt, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    close(attempt);
+    return taken;
+}
+
 const std::string& HostProgram()
 {
     static const std::string program = KORVANTA_BINARY_DIR "/bin/korvanta-host";
@@ -47,7 +63,7 @@ SessionBus::SessionBus() : Variable("DBUS_SESSION_BUS_ADDRESS=unix:path=" + Fold
     const std::string settings = Folder.Write("bus.conf", Settings(Folder.Path));
     Daemon.Start(
         {{"dbus-daemon", "--nofork", "--config-file=" + settings}, {}, Folder.Path + "/bus.log", -1});
-    if (!WaitFor(StartSeconds, [this] { return Folder.Holds("bus"); })) {
+    if (!WaitFor(StartSeconds, [this] { return Listens(Folder.Path + "/bus"); })) {
         throw std::runtime_error("no bus: " + Folder.Read("bus.log"));
     }
 }
