@@ -335,6 +335,25 @@ TEST(CuttingFields, ApplyLeadsWhenLeftAndNotBefore)
     EXPECT_EQ(ReadConfig("Lead_CONFIG", "L_In", ""), "999") << "the default of the next part";
 }
 
+TEST(CuttingFields, EachOfTheLeadsIsAppliedWhenItIsLeft)
+{
+    const std::pair<std::int16_t, double ProfileRecord::*> lengths[] = {
+        {FieldLeadInA, &ProfileRecord::LeadInLength},
+        {FieldLeadInB, &ProfileRecord::LeadInRadius},
+        {FieldLeadOutC, &ProfileRecord::LeadOutLength},
+        {FieldLeadOutD, &ProfileRecord::LeadOutRadius},
+    };
+    for (const auto& [field, length] : lengths) {
+        StartFields();
+        MakePlate();
+        SelectProfile(2, FlagOff);
+        CuttingFieldEntered(field);
+        SetText(Cutting(field), "7.5");
+        CuttingFieldLeft(field);
+        EXPECT_EQ(AppState.ProfileTable[2].*length, 7.5) << field;
+    }
+}
+
 TEST(CuttingFields, TakeTheMoveStepWhenLeft)
 {
     StartFields();

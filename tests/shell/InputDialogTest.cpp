@@ -41,6 +41,9 @@ TEST_F(InputDialog, ShowsARowForEachSlotInUse)
     EXPECT_EQ(AppState.InputDialogRows[2].Text, "V2");
     EXPECT_EQ(AppState.InputDialogRows[3].Visible, FlagOn);
     EXPECT_EQ(AppState.InputDialogRows[4].Visible, FlagOff);
+    SetSlots("D");
+    OpenInputDialog("");
+    EXPECT_THAT(AppState.InputDialogRows[1].Options, IsEmpty()) << "of the list that was there before";
 }
 
 TEST_F(InputDialog, EnterGoesToTheNextSlotAndRoundToTheFirst)

@@ -475,6 +475,17 @@ TEST_F(InputScreen, TheNestStaysInThePreviewWhileItsNameIsTyped)
     EXPECT_EQ(AppState.PreviewJob, "A") << "the job that was saved is the first now";
 }
 
+TEST_F(InputScreen, OnlyJobsHaveAPreview)
+{
+    WriteJobs({"arm"});
+    SelectInputTab(TabPrograms);
+    ASSERT_EQ(AppState.PreviewJob, "ARM");
+    SelectInputTab(TabRect);
+    ListClicked(TabRect, 3);
+    EXPECT_EQ(AppState.Lists[TabRect].Selected, 3);
+    EXPECT_EQ(AppState.PreviewJob, "ARM") << "the preview isn't that of a shape";
+}
+
 TEST_F(InputScreen, AnItemThatIsNoneIsntSelected)
 {
     WriteJobs({"arm", "bolt"});

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -131,5 +133,13 @@ TEST(Highlight, MarksOneFieldWithItsLabels)
     HighlightField(AppState.TextNesting, AppState.LabelNestingColor, 4, -1);
     EXPECT_EQ(AppState.LabelNestingColor[8], 0xECE9D8);
     EXPECT_EQ(AppState.LabelNestingColor[4], 0xFFFF00);
+}
+
+TEST(Highlight, LeavesWhatIsBehindTheLabelsAlone)
+{
+    StartCase();
+    std::array<std::int32_t, 4> labels = {1, 2, 3, 4};
+    HighlightField(AppState.TextNesting, std::span(labels).first(3), 3, -1);
+    EXPECT_EQ(labels[3], 4);
 }
 } // namespace

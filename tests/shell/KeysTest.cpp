@@ -371,6 +371,9 @@ TEST_F(Keys, AClickIsTheKeyAndGivesTheFocusBack)
     ClickFunctionButton(9);
     EXPECT_EQ(AppState.ShapeId, 1002);
     EXPECT_EQ(LastFocus(), "focus ParamText 0");
+    TakeCalls();
+    ClickFunctionButton(2);
+    EXPECT_THAT(TakeCalls(), ElementsAre("focus ParamText 0")) << "a button without a key here keeps it, too";
     ClickFunctionButton(9);
     EXPECT_EQ(AppState.ScreenState, ScreenCutting);
     EXPECT_EQ(LastFocus(), "focus TextCutting 0");

@@ -52,6 +52,10 @@ TEST(Measure, TwoDecimals)
     MoveMeasure(Picture::Tecno, 1, 1);
     ReleaseMeasure(Picture::Tecno, true);
     EXPECT_THAT(TakeStrokesLike("text"), ElementsAre("text 1 1 'd=1.41 dx:1 dy:1' #0000ff"));
+    PressMeasure(Picture::Tecno, 0, 0);
+    MoveMeasure(Picture::Tecno, 0.3, -0.4);
+    ReleaseMeasure(Picture::Tecno, true);
+    EXPECT_THAT(TakeStrokesLike("text"), ElementsAre("text 0.3 -0.4 'd=0.5 dx:0.3 dy:-0.4' #0000ff"));
     PressMeasure(Picture::Tecno, 3, 3);
     ReleaseMeasure(Picture::Tecno, true);
     EXPECT_THAT(TakeStrokesLike("text"), ElementsAre("text 3 3 'd=0 dx:0 dy:0' #0000ff"));

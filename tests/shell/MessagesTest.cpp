@@ -192,6 +192,10 @@ TEST_F(Catalogue, OddAndBrokenDoubleBytes)
     EXPECT_EQ(Text(1, 6), "\u89D2");
     EXPECT_EQ(Text(2, 6), "\U0001F601");
     EXPECT_EQ(Text(3, 6), "\uFFFDx\uFFFD");
+    // The ends of the surrogates, alone; the last character of two bytes in UTF-8 and the first of three.
+    Load(DoubleHeader + ">>1\n\n\n\n\n\n\0\xD8x\0\xFF\xDF\0\xE0\n>>2\n\n\n\n\n\n\xFF\x07\0\x08\n"s);
+    EXPECT_EQ(Text(1, 6), "\uFFFDx\uFFFD\uE000");
+    EXPECT_EQ(Text(2, 6), "\u07FF\u0800");
 }
 
 TEST_F(Catalogue, ColumnsAheadOfAHeaderAreDoubleByte)

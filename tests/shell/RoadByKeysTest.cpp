@@ -153,6 +153,26 @@ TEST_F(RoadByKeys, SavesTheProgramOfTheSameNumbers)
     EXPECT_EQ(Station.Read("NC/" + AppState.OutputName), byKeys);
 }
 
+TEST_F(RoadByKeys, AJobComesBackWithTheParametersItWasSavedWith)
+{
+    PlayWindow();
+    Press(KeyF10);
+    ASSERT_EQ(AppState.ShapeId, 1001);
+    Type("123.5");
+    for (int screen = ScreenParameters; screen < ScreenNesting; ++screen) {
+        Press(KeyF10);
+    }
+    Press(KeyF10);
+    Type("KEPT");
+    Press(KeyEnter);
+    ASSERT_EQ(AppState.ScreenState, ScreenInput);
+    ResetFields();
+    OpenSavedJob("KEPT.nst");
+    EXPECT_EQ(AppState.ShapeId, 1001);
+    EXPECT_EQ(AppState.ParamText[0].Text, "123.5");
+    EXPECT_EQ(AppState.PartSizeY, 123.5);
+}
+
 TEST_F(RoadByKeys, ALimitHoldsTheFocusOnTheFieldThatPassedIt)
 {
     PlayWindow();

@@ -218,16 +218,17 @@ TEST_F(Ways, ANewPartAfterAStaggeredNestIsOneCopy)
     EXPECT_GE(AppState.ProfileTable[2].LeadElement, 6) << "behind the four sides of the slot and their end";
 }
 
-TEST_F(Ways, AMeasurementEndsWithItsScreen)
+TEST_F(Ways, AMeasurementAndAFrameEndWithTheirScreen)
 {
     OpenPlate();
     NextCamTab();
-    AppState.MeasureOn = FlagOn;
-    NextCamTab();
-    EXPECT_EQ(AppState.MeasureOn, FlagOff);
-    AppState.MeasureOn = FlagOn;
-    PreviousCamTab();
-    EXPECT_EQ(AppState.MeasureOn, FlagOff);
+    for (void (*const way)() : {NextCamTab, PreviousCamTab}) {
+        AppState.MeasureOn = FlagOn;
+        AppState.ZoomFrame = 2.0;
+        way();
+        EXPECT_EQ(AppState.MeasureOn, FlagOff);
+        EXPECT_EQ(AppState.ZoomFrame, 0.0);
+    }
 }
 
 TEST_F(Ways, TheTabsGoRound)
@@ -246,13 +247,16 @@ TEST_F(Ways, TheInputScreenClearsTheNestResults)
     NextCamTab();
     AppState.NestResultX = 3;
     AppState.NestResultY = 2;
+    AppState.PreviewNest = FlagOn;
     EnterInputScreen();
     EXPECT_EQ(AppState.ScreenState, ScreenInput);
     EXPECT_EQ(AppState.FieldMode, 0);
+    EXPECT_EQ(AppState.FocusedSet, FieldSet::None);
     EXPECT_EQ(AppState.TextNesting[FieldSheetX].Text, "0");
     EXPECT_EQ(AppState.TextNesting[FieldSheetY].Text, "0");
     EXPECT_EQ(AppState.LabelNesting[LabelCountX], "");
     EXPECT_EQ(AppState.NestResultX, 0);
     EXPECT_EQ(AppState.NestResultY, 0);
+    EXPECT_EQ(AppState.PreviewNest, FlagOff) << "no nest is about to be saved there";
 }
 } // namespace

@@ -14,6 +14,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -188,7 +190,12 @@ TEST_F(Zoom, KeysAfterTheConfirmationReturnToTheWhole)
     Key(3);
     ExpectView(-30, 248.75, 345, -258.75);
     ExpectCentre(171.25, 119.375);
-    EXPECT_EQ(TakeStrokesLike("box").size(), 1U) << "the frame, where it was moved to";
+    const std::vector<std::string> strokes = TakeStrokes();
+    EXPECT_EQ(
+        std::count_if(strokes.begin(), strokes.end(),
+                      [](const std::string& stroke) { return stroke.find("inverting") != stroke.npos; }),
+        3)
+        << "its box and its cross; nothing stood there to be taken away";
 }
 
 TEST_F(Zoom, FactorOneShowsTheWhole)
@@ -227,6 +234,18 @@ TEST_F(Zoom, ClickOnTheKeyBarLeavesItToTheClick)
     EXPECT_EQ(AppState.ButtonPressed, FlagOff);
     ApplyZoom(3.0);
     EXPECT_NEAR(AppState.ViewWidth, 115, Near);
+}
+
+TEST_F(Zoom, AFrameLeftStandingIsntDrawnTwice)
+{
+    EnterField();
+    AppState.ButtonPressed = FlagOn;
+    CuttingFieldLeft(FieldCuttingZoom);
+    CuttingFieldEntered(FieldAngle);
+    ASSERT_GT(AppState.ZoomFrame, 0.0);
+    TakeStrokes();
+    CuttingFieldEntered(FieldCuttingZoom);
+    EXPECT_EQ(TakeStrokesLike("box").size(), 1U) << "a second stroke would take it away";
 }
 
 TEST_F(Zoom, NextArrivalFindsThePlaceAgain)
