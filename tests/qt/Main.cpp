@@ -1,4 +1,5 @@
-// The cases of the window run in this process, on no display. Called with "--station" the program plays another
+// The cases of the window run in this process, on no display. Those that want one end the application in a process of
+// their own, and make it anew there. Called with "--station" the program plays another
 // station for them.
 #include "qt/StationProcess.h"
 
@@ -15,6 +16,8 @@ int main(int argc, char** argv)
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    new QApplication(argc, argv);
+    const int status = RUN_ALL_TESTS();
+    delete qApp;
+    return status;
 }

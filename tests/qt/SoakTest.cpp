@@ -1,7 +1,8 @@
-// Hard use of the real window on no display: the random keys, clicks and texts of the soak test, and what the window shows
-// compared with its records behind each of them. The long form, and a first seed, as in tests/soak:
+// Hard use of the real window, on no display and on one in memory: the random keys, clicks and texts of the soak test, and
+// what the window shows compared with its records behind each of them. The long form, and a first seed, as in tests/soak:
 //     KORVANTA_SOAK_EVENTS=200000 build/dev/bin/test_qt --gtest_filter='WindowSoak.*'
 #include "qt/WindowBody.h"
+#include "qt/XDesk.h"
 
 #include "shell/KeyCodes.h"
 
@@ -15,6 +16,16 @@ TEST(WindowSoak, AnyUseKeepsTheRules)
 {
     constexpr int PerSession = 150;
     Soak(WindowBody, SoakFirstSeed(), PerSession, SoakEventCount(600));
+}
+
+TEST(WindowSoakOnDisplay, AnyUseKeepsTheRules)
+{
+    constexpr int PerSession = 150;
+    XDesk desk;
+    const XClient neighbour;
+    neighbour.AddTitled("neighbour");
+    desk.StartManager(neighbour);
+    Soak(WindowOnDisplayBody, SoakFirstSeed(), PerSession, SoakEventCount(600));
 }
 
 // --- what it has found ------------------------------------------------------------------------------------------

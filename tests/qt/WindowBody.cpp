@@ -450,6 +450,24 @@ void Start(const std::string& folder, const SoakSettings& settings)
     QApplication::processEvents();
 }
 
+/// The same on the display of DISPLAY. What a station's process has from its parent draws on none, and a connection to a
+/// display can't be shared by two processes, so each makes its own.
+void StartOnDisplay(const std::string& folder, const SoakSettings& settings)
+{
+    static int count = 1;
+    static std::array<char, 5> name = {"soak"};
+    static std::array<char*, 2> words = {name.data(), nullptr};
+    delete qApp;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); // none of the desktop's services is asked
+    new QApplication(count, words.data());            // ends with the process
+    Start(folder, settings);
+    // A click takes the focus when the window has it: an operator's gives it first, a test's would come too early.
+    if (!QTest::qWaitForWindowActive(Window.Main)) {
+        TellSoakFault("the window manager gave the window no focus");
+    }
+}
+
 void Play(const SoakEvent& event)
 {
     Current = event;
@@ -487,3 +505,4 @@ void End()
 } // namespace
 
 const SoakBody WindowBody = {Start, Play, Broken, End};
+const SoakBody WindowOnDisplayBody = {StartOnDisplay, Play, Broken, End};
