@@ -1,10 +1,11 @@
 // Any bytes as a post-processor table for a part that passes through every block: a finished program, or a fault that
-// leaves none.
+// leaves none. What is finished is read back, whatever it says.
 #include "FuzzFiles.h"
 
 #include "platform/Fault.h"
 #include "platform/Paths.h"
 #include "post/Korvanta_PostProcessor.h"
+#include "post/Verification.h"
 #include "profile/Korvanta_ProfileCut.h"
 #include "support/RecordingScreen.h"
 
@@ -82,6 +83,15 @@ bool Generate(const char* name)
     }
     return true;
 }
+/// The program holds what the table makes of the part: anything. Reading it back ends, and tells one outcome.
+void ReadBackProgram()
+{
+    const Verification found = VerifyProgram();
+    Require((found.Outcome == VerifyOutcome::Unreadable) == !found.Reason.empty());
+    Require((found.Outcome == VerifyOutcome::Different) == (found.DifferenceCount > 0));
+    Require(found.Differences.empty() == (found.DifferenceCount == 0));
+    Require(found.Differences.size() <= DifferencesNamed);
+}
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -92,6 +102,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool done = Generate("FUZZ");
     Require(done != AppState.ProgramPath.empty());
     Require(!done || FileExists(AppState.ProgramPath));
+    if (done) {
+        ReadBackProgram();
+    }
     Generate("SIMULA");
     if (done) {
         DeleteFileIfThere(AppState.ProgramPath);
