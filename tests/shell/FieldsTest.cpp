@@ -293,6 +293,18 @@ TEST(CuttingFields, SelectTheTypedProfile)
     EXPECT_EQ(Cutting(FieldProfileNumber).Text, "3");
 }
 
+TEST(CuttingFields, ShowTheOnlyProfileWhateverIsTyped)
+{
+    StartFields();
+    ClearPart();
+    AddBox(0.0, 0.0, 100.0, 50.0, KindOuterEnd);
+    MeasureProfiles(FlagOn);
+    InitLeadData();
+    SetText(Cutting(FieldProfileNumber), "7");
+    EXPECT_EQ(AppState.CurrentProfile, 1);
+    EXPECT_EQ(Cutting(FieldProfileNumber).Text, "1");
+}
+
 TEST(CuttingFields, ShowTheProfileThatCameInstead)
 {
     StartFields();

@@ -81,6 +81,16 @@ TEST_F(Lists, DrawingsOfBothKindsAreListedWithTheirExtension)
     EXPECT_EQ(Texts(TabDxfIn).size(), 3U) << "the first call empties the list";
 }
 
+TEST_F(Lists, TheListOfTheTabComesToTheFront)
+{
+    AppState.InputTab = TabIsoIn;
+    AppState.FrontList = TabRect;
+    FillDxfList();
+    EXPECT_EQ(AppState.FrontList, TabRect) << "another tab's list stays behind";
+    FillIsoList();
+    EXPECT_EQ(AppState.FrontList, TabIsoIn);
+}
+
 TEST_F(Lists, EveryFileIsAProgramToImport)
 {
     Station.Write("NC/noextension", "");
@@ -247,6 +257,9 @@ TEST_F(Lists, TheCursorOfAnEmptyOrUnseenListStays)
     EXPECT_EQ(List(TabDxfIn).Selected, -1);
     Screen.Metrics = {};
     Prepare(TabRect, 3, 1, ViewIcons);
+    MoveListCursor("Dw");
+    EXPECT_EQ(List(TabRect).Selected, 1);
+    Screen.Metrics = {300, 100, 0, 0}; // a list that is there, its items not yet
     MoveListCursor("Dw");
     EXPECT_EQ(List(TabRect).Selected, 1);
 }

@@ -196,6 +196,9 @@ TEST_F(Catalogue, OddAndBrokenDoubleBytes)
     Load(DoubleHeader + ">>1\n\n\n\n\n\n\0\xD8x\0\xFF\xDF\0\xE0\n>>2\n\n\n\n\n\n\xFF\x07\0\x08\n"s);
     EXPECT_EQ(Text(1, 6), "\uFFFDx\uFFFD\uE000");
     EXPECT_EQ(Text(2, 6), "\u07FF\u0800");
+    // The first character beyond the first plane, and one of the last plane.
+    Load(DoubleHeader + ">>1\n\n\n\n\n\n\0\xD8\0\xDC\xC0\xDB\0\xDC\n"s);
+    EXPECT_EQ(Text(1, 6), "\U00010000\U00100000");
 }
 
 TEST_F(Catalogue, ColumnsAheadOfAHeaderAreDoubleByte)
