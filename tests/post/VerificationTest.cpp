@@ -212,6 +212,23 @@ TEST(Verification, ACircleMustNotShrinkToItsJoint)
     EXPECT_EQ(station.First(lines), "");
 }
 
+/// What is left of an arc behind a lead point at its very end is too short to be an arc.
+TEST(Verification, TheRestOfAnArcThatIsShorterThanTheToleranceIsStraight)
+{
+    // Clockwise, 100 and a half turn of 25 about 100, 25 long up to the corner at 100, 0.
+    const VerifyStation station(Table, "sense 1\nline 0 50 100 50\narc 100 50 100 0 100 25 -25\n"
+                                       "line 100 0 0 0\nline 0 0 0 50\nclose\n"
+                                       "lead 1 in=5,0 out=0,0 at=178.5395 side=1\n"
+                                       "fields kerf=0 gapx=0 gapy=0 sheetx=900 sheety=900\n");
+    const Lines lines = SplitLines(station.Folder.Read(station.File()));
+    ASSERT_GT(lines.size(), 4U);
+    EXPECT_EQ(lines[3], "G01 X100.000 Y0.000 ");
+    EXPECT_EQ(station.Of(lines).Outcome, VerifyOutcome::Same);
+    Lines arc = lines;
+    arc[3] = "G02 X100.000 Y0.000 I0.000 J25.000";
+    EXPECT_EQ(station.Of(arc).Outcome, VerifyOutcome::Different);
+}
+
 TEST(Verification, NamesMovesThatAreMissingOrTooMany)
 {
     const VerifyStation station(Table, Plate);

@@ -208,6 +208,9 @@ TEST_F(Zoom, FactorOneShowsTheWhole)
     ExpectView(-30, 248.75, 345, -258.75);
     EXPECT_NEAR(AppState.SavedCentreX, 142.5, Near) << "of the last applied zoom";
     EXPECT_EQ(AppState.ZoomFrame, 0.0);
+    Key(3);
+    Key(7);
+    ExpectView(-30, 248.75, 345, -258.75);
 }
 
 TEST_F(Zoom, LeavingTheFieldAppliesIt)
