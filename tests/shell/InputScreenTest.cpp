@@ -405,6 +405,7 @@ TEST_F(InputScreen, TheNameChangesItsColoursOnlyWhenSetSo)
     EXPECT_EQ(AppState.FileNameBackColor, 0xFFFFFF);
     AppState.SaveMode = FlagOn;
     FileNameEntered();
+    EXPECT_EQ(AppState.FileNameImage, "SaveFile");
     FileNameLeft();
     EXPECT_EQ(AppState.FileNameColor, 0xFF0000);
     EXPECT_EQ(AppState.FileNameImage, "SaveFile");

@@ -116,6 +116,9 @@ TEST(KeyBar, AKindThatIsNoneHasNoFieldKeys)
         AppState.FieldMode = mode;
         RefreshKeyBar();
         EXPECT_EQ(BarText(), "2:1 2:2 - - - - - - 2:9 2:10") << mode;
+        AppState.ScreenState = ScreenNesting;
+        RefreshKeyBar();
+        EXPECT_EQ(BarText(), "3:1 3:2 - - - - - 3:8 3:9 3:10") << mode;
     }
 }
 

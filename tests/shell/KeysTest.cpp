@@ -1,4 +1,5 @@
 // The tables of keys of the four screens, and the clicks on the key bar.
+#include "config/Korvanta_Configuration.h"
 #include "nesting/Korvanta_CutTecnology.h"
 #include "shell/FieldEvents.h"
 #include "shell/InputLists.h"
@@ -343,6 +344,16 @@ TEST_F(Keys, F8SimulatesOrMovesTheZoom)
     PressInField(KeyF8);
     EXPECT_THAT(TakeCalls(), Not(Contains("focus TextNesting 6")));
     EXPECT_GT(AppState.ViewCentreY, before);
+}
+
+TEST_F(Keys, ADroppedPartLeavesItsLeadToTheNext)
+{
+    OpenPlate(1);
+    FieldArrived(AppState.TextCutting, FieldLeadInA);
+    SetText(AppState.TextCutting[FieldLeadInA], "7.5");
+    PressInField(KeyF1);
+    EXPECT_EQ(AppState.ScreenState, ScreenInput);
+    EXPECT_EQ(ReadConfig("Lead_CONFIG", "L_In", ""), "7.5") << "the field was left by the key";
 }
 
 TEST_F(Keys, AScreenIsLeftByLeavingItsFieldFirst)

@@ -197,8 +197,9 @@ TEST_F(Catalogue, OddAndBrokenDoubleBytes)
     EXPECT_EQ(Text(1, 6), "\uFFFDx\uFFFD\uE000");
     EXPECT_EQ(Text(2, 6), "\u07FF\u0800");
     // The first character beyond the first plane, and one of the last plane.
-    Load(DoubleHeader + ">>1\n\n\n\n\n\n\0\xD8\0\xDC\xC0\xDB\0\xDC\n"s);
+    Load(DoubleHeader + ">>1\n\n\n\n\n\n\0\xD8\0\xDC\xC0\xDB\0\xDC\n>>2\n\n\n\n\n\n\x7F\0\x80\0\n"s);
     EXPECT_EQ(Text(1, 6), "\U00010000\U00100000");
+    EXPECT_EQ(Text(2, 6), "\x7F\u0080");
 }
 
 TEST_F(Catalogue, ColumnsAheadOfAHeaderAreDoubleByte)

@@ -120,6 +120,18 @@ TEST_F(Ways, AnOpenedImportShowsTheParametersScreen)
     EXPECT_EQ(AppState.ProfileCount, 2);
 }
 
+TEST_F(Ways, AnImportBehindAShapeHasNoParameters)
+{
+    StartStation(Station.Path, 0);
+    OpenShape(1005);
+    ASSERT_EQ(AppState.ParamText[0].Visible, FlagOn);
+    EnterInputScreen();
+    ASSERT_TRUE(OpenImport(ImportKind::Program, "plate.iso"));
+    for (const ValueField& field : AppState.ParamText) {
+        EXPECT_EQ(field.Visible, FlagOff) << field.Index;
+    }
+}
+
 TEST_F(Ways, AFailedImportShowsTheBoxAndStaysOnTheInputScreen)
 {
     StartStation(Station.Path, 2);
