@@ -98,7 +98,11 @@ std::vector<std::string> ProgramWarnings()
     std::vector<std::string> warnings;
     const ProfileFindings found = LookAtProfiles();
     const bool wordInBlock = BlockHolds("PartProgram_StartCUT", "*KERF_ON");
-    if (AppState.FirstMoveKerfOn == 0 && !wordInBlock && found.AnySide) {
+    const bool wordBehindLeadIn = BlockHolds("PartProgram_EndLeadIn", "*KERF_ON");
+    if (AppState.FirstMoveKerfOn == 0 && !wordInBlock && wordBehindLeadIn && found.AnySide) {
+        warnings.emplace_back("the table turns compensation on behind the lead-in: the control steps aside "
+                              "along the contour, and its first side comes out slanted");
+    } else if (AppState.FirstMoveKerfOn == 0 && !wordInBlock && found.AnySide) {
         warnings.emplace_back(
             "the table writes no compensation: unless the control does it by other means, the part "
             "comes out a kerf smaller and its holes a kerf wider");

@@ -10,6 +10,10 @@ namespace
 {
 constexpr std::array<char, 4> Coordinates = {'X', 'Y', 'I', 'J'};
 constexpr std::string_view NumberCharacters = "0123456789.+-";
+constexpr double AbsoluteCentre = 90.1;
+constexpr double RelativeCentre = 91.1;
+constexpr double EndOfProgram = 2.0;
+constexpr double EndOfTape = 30.0;
 
 /// A letter with a number behind it, as a coordinate has it.
 bool HoldsCoordinate(std::string_view line)
@@ -51,6 +55,18 @@ void TakeModes(ReadBack& program, std::string_view line)
     } else if (HoldsGCode(line, 90)) {
         program.Incremental = false;
     }
+    if (HoldsGCode(line, AbsoluteCentre) || HoldsGCode(line, RelativeCentre)) {
+        program.OtherCentre = HoldsGCode(line, RelativeCentre) != program.IncrementalCentre;
+    }
+}
+
+/// Whether a control stops at the line. The % ahead of a program is none: nothing has moved yet.
+bool EndsProgram(const ReadBack& program, const std::string& line)
+{
+    std::vector<double> words;
+    AddMWords(line, words);
+    return HoldsMWord(words, EndOfProgram) || HoldsMWord(words, EndOfTape) ||
+           (program.Moved && Trim(line) == "%");
 }
 
 /// One line without comments. False when it begins the next cut.
@@ -66,12 +82,15 @@ bool TakeLine(ReadBack& program, FoundCut& cut)
         return true;
     }
     ReadIsoLine(line, program.IncrementalCentre, program.Modal);
+    program.Moved = true;
     if (program.Modal.Code >= 1 && program.Modal.Code <= 3) {
         MoveWords(cut.WordsBehind, cut.WordsBetween);
-        cut.Moves.push_back({program.Modal, program.Text.Lines, program.Incremental, line});
+        cut.Moves.push_back(
+            {program.Modal, program.Text.Lines, program.Incremental, program.OtherCentre, line});
         return true;
     }
-    const FoundRapid rapid{program.Modal.EndX, program.Modal.EndY, program.Modal.Side, program.Text.Lines};
+    const FoundRapid rapid{program.Modal.EndX, program.Modal.EndY, program.Modal.Side, program.Text.Lines,
+                           program.Incremental};
     if (!cut.Moves.empty()) {
         program.Held = {rapid};
         return false;
@@ -101,7 +120,11 @@ bool ReadCut(ReadBack& program, FoundCut& cut)
     std::string_view line;
     while (ReadTextLine(program.Text, line)) {
         program.Sum = AddToSum(program.Sum, line);
+        if (program.Ended) {
+            continue;
+        }
         DropComments(line, program.Line);
+        program.Ended = EndsProgram(program, program.Line);
         if (!TakeLine(program, cut)) {
             return true;
         }

@@ -14,6 +14,7 @@ struct FoundMove {
     IsoMove Iso;
     std::int64_t Line = 0;    ///< in the file, from 1
     bool Incremental = false; ///< G91 is in force
+    bool OtherCentre = false; ///< centres are in the mode that the table doesn't write
     std::string Text;         ///< the line without its comments
 };
 
@@ -22,6 +23,7 @@ struct FoundRapid {
     double Y = 0.0;
     std::int16_t Side = 0; ///< compensation in force
     std::int64_t Line = 0;
+    bool Incremental = false; ///< G91 is in force
 };
 
 /// One cut and what stands around it. Of the M words only the numbers are kept, each once.
@@ -40,6 +42,9 @@ struct ReadBack {
     IsoMove Modal;         ///< as the last line with a word left it
     bool IncrementalCentre = false;
     bool Incremental = false;
+    bool OtherCentre = false;     ///< G90.1 or G91.1, against IncrementalCentre, is in force
+    bool Moved = false;           ///< a rapid or a move has come
+    bool Ended = false;           ///< no control reads on: M02, M30, or % behind a move
     std::vector<FoundRapid> Held; ///< the rapid that ended the last cut
     std::string Line;             ///< kept for its storage
 };
@@ -48,7 +53,7 @@ struct ReadBack {
 /// centres stand. False when the file can't be read.
 bool OpenReadBack(ReadBack& program, const std::string& path);
 
-/// The next cut. False at the end of the file; `cut` then holds the rapids behind the last cut.
+/// The next cut. False at the end of the program or of the file, which is read to its end all the same; `cut` then holds the rapids behind the last cut.
 bool ReadCut(ReadBack& program, FoundCut& cut);
 
 /// Whether M `word` is among them.

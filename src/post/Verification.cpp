@@ -198,7 +198,11 @@ std::string MoveDifference(const Check& check, const ExpectedMove& move, const F
             return text;
         }
     }
-    return move.Code == 1 ? "" : ArcDifference(check, move, found);
+    if (move.Code == 1) {
+        return "";
+    }
+    return found.OtherCentre ? "its centre is read in the other way (G90.1, G91.1) than INC_CENTER tells"
+                             : ArcDifference(check, move, found);
 }
 
 // --- one cut --------------------------------------------------------------------------------------------------
@@ -269,14 +273,16 @@ void CompareWords(Check& check, const std::string& name)
     CompareWordsAt(check, table.NotBehind, found.WordsBehind, false, atEnd);
 }
 
-/// The marks ahead of the first cut of a copy, and the compensation off in all rapids.
+/// The marks ahead of the first cut of a copy; all rapids are absolute, without compensation.
 void CompareRapids(Check& check, const std::string& name, bool first)
 {
     const std::vector<FoundRapid>& rapids = check.Found.Rapids;
     for (const FoundRapid& rapid : rapids) {
-        if (rapid.Side != 0) {
+        if (rapid.Side != 0 || rapid.Incremental) {
             Differ(check, (check.Last.empty() ? "ahead of the first cut" : "behind " + check.Last) +
-                              ": the rapid has compensation" + LineName(rapid.Line));
+                              (rapid.Side != 0 ? ": the rapid has compensation"
+                                               : ": the rapid is read as increments (G91)") +
+                              LineName(rapid.Line));
             break;
         }
     }
@@ -310,7 +316,8 @@ void CompareCut(Check& check, std::size_t profile, bool first)
     ++check.Result.Cuts;
     check.Held = check.Held || ReadCut(check.Program, check.Found);
     if (!check.Held) {
-        Differ(check, name + ": it is missing, the program has no further cut");
+        Differ(check, name + (check.Program.Ended ? ": the program ends ahead of it"
+                                                  : ": it is missing, the program has no further cut"));
         return;
     }
     check.Held = false;

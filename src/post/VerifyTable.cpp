@@ -14,6 +14,7 @@ constexpr std::string_view RapidTag = "*RAPID_MOVE";
 constexpr const char* ConfigSection = "PartProgram_CONFIG";
 constexpr const char* StartCutSection = "PartProgram_StartCUT";
 constexpr std::int16_t NoCode = -1;
+constexpr std::int16_t LastMotion = 3;
 
 /// How a section, or with a key a place of the table, is named.
 std::string Place(const std::string& section, const std::string& key = "")
@@ -34,16 +35,16 @@ std::string UnknownCode()
         const char* Section;
         const char* Key;
         const std::string& Code;
-        std::int16_t Meaning;
     };
     const CodeRow rows[] = {
-        {"PartProgram_RapidMOVE", "GCODE", AppState.RapidCode, 0},
-        {"PartProgram_LinearMOVE", "GCODE", AppState.LinearCode, 1},
-        {"PartProgram_CircularMOVE", "CW_GCODE", AppState.ClockwiseCode, 2},
-        {"PartProgram_CircularMOVE", "CCW_GCODE", AppState.CounterClockwiseCode, 3},
+        {"PartProgram_RapidMOVE", "GCODE", AppState.RapidCode},
+        {"PartProgram_LinearMOVE", "GCODE", AppState.LinearCode},
+        {"PartProgram_CircularMOVE", "CW_GCODE", AppState.ClockwiseCode},
+        {"PartProgram_CircularMOVE", "CCW_GCODE", AppState.CounterClockwiseCode},
     };
     for (const CodeRow& row : rows) {
-        if (CodeOfMove(row.Section, row.Code) == NoCode) {
+        const std::int16_t code = CodeOfMove(row.Section, row.Code);
+        if (code < 0 || code > LastMotion) {
             return Place(row.Section, row.Key) + "=" + row.Code +
                    ": no motion code that ISO-IN knows (G00, G01, G02, G03)";
         }
@@ -93,12 +94,27 @@ std::string ReadSides(VerifyTable& table)
 
 using Words = std::vector<double>;
 
+/// Takes out the words whose number a tag completes: M0#V1.
+void DropOpenWords(std::string& line)
+{
+    constexpr std::string_view digits = "0123456789";
+    for (std::size_t at = line.find('M'); at != std::string::npos; at = line.find('M', at)) {
+        const std::size_t end = line.find_first_not_of(digits, at + 1);
+        if (end != std::string::npos && (line[end] == '#' || line[end] == '*')) {
+            line.erase(at, end - at);
+        } else {
+            ++at;
+        }
+    }
+}
+
 /// The M words of a line of the table. One that may be left out of the program doesn't count.
 void AddTableWords(const std::string& line, Words& words)
 {
     std::string bare;
     DropComments(line, bare);
     if (!Contains(LowerCase(bare), "*ifextprf:")) {
+        DropOpenWords(bare);
         AddMWords(bare, words);
     }
 }
@@ -158,7 +174,8 @@ void ReadWords(VerifyTable& table)
     const Words frame = BlockWords({"PartProgram_BEGIN", "MainProgram_BEGIN", "PartProgram_PartHead",
                                     "PartProgram_StartPOINT", "PartProgram_POINT", "PartProgram_EndPOINT",
                                     "PartProgram_PartEnd", "MainProgram_END", "PartProgram_END"});
-    table.NotAhead = Without(table.WordsBehind, {start, MoveWords()});
+    // Without a lead-in the block behind it comes ahead of the first move.
+    table.NotAhead = Without(table.WordsBehind, {start, BlockWords({"PartProgram_EndLeadIn"}), MoveWords()});
     table.NotBetween = Without(table.WordsBehind, {within, MoveWords()});
     table.NotBehind = Without(table.WordsAhead, {table.WordsBehind, frame, MoveWords()});
 }

@@ -180,6 +180,8 @@ TEST(Verification, NamesWhatIsWrongWithALine)
     EXPECT_EQ(station.Changed(41, "M04"),
               "M5 expected, none found behind the last move of copy 2, profile 2 (line 40)");
     EXPECT_EQ(station.Changed(1, "G91 G00 X20.000 Y30.000"),
+              "ahead of the first cut: the rapid is read as increments (G91) (line 1)");
+    EXPECT_EQ(station.Changed(4, "M03 G91"),
               "copy 1, profile 1, lead-in: its coordinates are read as increments (G91) (line 5)");
     EXPECT_EQ(
         station.Changed(15, "G01 Xnan Y50.000 "),
@@ -396,6 +398,8 @@ TEST(Verification, TablesThatCantBeReadBackAreNamed)
               "the table writes sub-programs (SUBPROGRAMS=YES), which ISO-IN doesn't call");
     EXPECT_EQ(ReasonOf(With("PartProgram_LinearMOVE", "GCODE=L")),
               "[PartProgram_LinearMOVE] GCODE=L: no motion code that ISO-IN knows (G00, G01, G02, G03)");
+    EXPECT_EQ(ReasonOf(With("PartProgram_RapidMOVE", "GCODE=G40")),
+              "[PartProgram_RapidMOVE] GCODE=G40: no motion code that ISO-IN knows (G00, G01, G02, G03)");
     EXPECT_EQ(
         ReasonOf(With("PartProgram_CircularMOVE", "CCW_GCODE=G13")),
         "[PartProgram_CircularMOVE] CCW_GCODE=G13: no motion code that ISO-IN knows (G00, G01, G02, G03)");
@@ -430,6 +434,50 @@ TEST(Verification, TablesThatWriteAnotherPartAreFound)
     EXPECT_THAT(TableFault(With("PartProgram_StartCUT", "LINE1=*RAPID_MOVE\nLINE2=G91")),
                 HasSubstr("increments (G91)"));
     EXPECT_THAT(TableFault(With("PartProgram_EndLeadIn", "LINE1=G01 X5")), HasSubstr("moves expected"));
+}
+
+/// The table with other lines in the place of one.
+std::string Exchanged(std::string table, const std::string& line, const std::string& lines)
+{
+    return table.replace(table.find(line), line.size(), lines);
+}
+
+TEST(Verification, ModesThatAControlKeepsAreFound)
+{
+    // Away in increments behind each cut, and absolute again only behind the next rapid.
+    EXPECT_THAT(TableFault(Exchanged(Exchanged(Table, "LINE2=M03", "LINE2=M03\nLINE3=G90"), "LINE2=*KERF_OFF",
+                                     "LINE2=*KERF_OFF\nLINE3=G91 G28 Z0")),
+                HasSubstr("behind copy 1, profile 1: the rapid is read as increments (G91)"));
+    EXPECT_THAT(TableFault(With("PartProgram_BEGIN", "LINE1=G21 G90.1")),
+                HasSubstr("its centre is read in the other way"));
+    EXPECT_EQ(TableFault(With("PartProgram_BEGIN", "LINE1=G21 G91.1")), "");
+}
+
+TEST(Verification, AProgramThatEndsWithinTheNestIsFound)
+{
+    for (const char* end : {"%", "M30", "M02", "(end) M2"}) {
+        EXPECT_EQ(TableFault(With("PartProgram_PartEnd", std::string("LINE1=") + end)),
+                  "copy 2, profile 1: the program ends ahead of it")
+            << end;
+    }
+    EXPECT_EQ(TableFault(With("PartProgram_PartEnd", "LINE1=(M30)\nLINE2=M20")), "");
+    EXPECT_EQ(TableFault(With("PartProgram_BEGIN", "LINE1=%\n[PartProgram_END]\nLINE1=M30\nLINE2=%")), "");
+}
+
+TEST(Verification, WordsThatATagCompletesOrThatComeWithoutALeadInPass)
+{
+    EXPECT_EQ(
+        TableFault(Exchanged(Table, "LINE2=M03", "LINE2=M0#V1") + "[PartProgram_INPUT]\n#V1=Torch,D,,3\n"),
+        "");
+    std::string part = Plate;
+    part.replace(part.find("in=4,2"), 6, "in=0,0");
+    const VerifyStation station(
+        Exchanged(With("PartProgram_FirstMOVE", "KERF_ON=NO"), "LINE1=M05", "LINE1=M05\nLINE3=M52 P0") +
+            "[PartProgram_EndLeadIn]\nLINE1=M52 P1\n",
+        part);
+    AppState.ProfileTable[1].LeadInLineOn = FlagOff;
+    GenerateProgram(station.Name);
+    EXPECT_THAT(VerifyProgram().Differences, ElementsAre());
 }
 
 TEST(Verification, TablesWithOtherWordsForTheSamePartPass)
