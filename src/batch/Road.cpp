@@ -86,8 +86,10 @@ std::string FailureReason(const SourceFile& source)
     if (!FileExists(source.Path)) {
         std::error_code ignored;
         const bool isHere = source.IsPlain && fs::exists(source.Name, ignored);
+        const bool maybeShape = !isHere && source.IsPlain && source.Name.find('.') == std::string::npos;
         return native + " doesn't exist" +
-               (isHere ? "; for the file in this folder write ./" + source.Name : "");
+               (isHere ? "; for the file in this folder write ./" + source.Name : "") +
+               (maybeShape ? "; the names of shapes are told by --list-shapes" : "");
     }
     return native + ": " +
            (source.Kind == SourceKind::Job
@@ -280,6 +282,9 @@ void WarnPart(std::int64_t copies)
 {
     WarnDoubts();
     WarnOpenProfiles();
+    if (AppState.ImportCutOff != FlagOff) {
+        std::fputs("warning: the drawing has no EOF at its end: a part of it may be missing\n", stderr);
+    }
     if (AppState.ProfileCount == 0 && AppState.MarkPointCount == 0) {
         std::fputs("warning: the drawing holds nothing to cut\n", stderr);
     }

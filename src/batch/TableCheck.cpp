@@ -2,6 +2,7 @@
 
 #include "config/PprValues.h"
 #include "geometry/Orbalib.h"
+#include "platform/Paths.h"
 #include "post/Korvanta_PostProcessor.h"
 #include "profile/Korvanta_ProfileCut.h"
 
@@ -96,6 +97,11 @@ void WarnOfMarks(std::vector<std::string>& warnings)
 std::vector<std::string> ProgramWarnings()
 {
     std::vector<std::string> warnings;
+    const std::string table = AppState.AppPath + "\\" + AppState.PprIniName;
+    if (!FileExists(table)) {
+        warnings.push_back("the post-processor table " + NativePath(table) +
+                           " isn't there: the program has no words of a control");
+    }
     const ProfileFindings found = LookAtProfiles();
     const bool wordInBlock = BlockHolds("PartProgram_StartCUT", "*KERF_ON");
     const bool wordBehindLeadIn = BlockHolds("PartProgram_EndLeadIn", "*KERF_ON");

@@ -113,6 +113,7 @@ bool DXFEnum(Drawing* drawing, int /*flag*/, DxfCallback callback, void* context
     walk.Context = context;
     SetOffset(walk, drawing->Account, measure.Bounds);
     WalkDrawing(walk);
+    drawing->Account.CutOff = !drawing->Model.Complete;
     StoreCounts(drawing->Model, walk.Read, drawing->Account.Read);
     StoreCounts(drawing->Model, walk.LeftOut, drawing->Account.LeftOut);
     return !walk.Exhausted;

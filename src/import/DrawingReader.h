@@ -42,6 +42,7 @@ struct DrawingAccount {
     std::map<std::string, std::int64_t> LeftOut; ///< the same for what gives no geometry
     double OffsetX = 0.0;                        ///< whole number subtracted from every coordinate
     double OffsetY = 0.0;
+    bool CutOff = false; ///< there is no EOF at the end
 };
 
 struct Drawing;

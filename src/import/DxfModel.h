@@ -65,6 +65,7 @@ struct DxfModel {
     std::unordered_map<std::string, std::uint32_t> NameIndex;
     std::vector<DxfBlock> Blocks;
     std::unordered_map<std::string, std::uint32_t> BlockIndex; ///< by name in upper case
+    bool Complete = false;                                     ///< its end mark was read
 };
 
 /// Reading state. Group is the group that was read last; after a record it is the head (code 0) of the next one.

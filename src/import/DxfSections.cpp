@@ -161,6 +161,7 @@ bool ReadDrawing(std::string_view bytes, DxfModel& model)
             isDrawing = true;
         } else if (name == "EOF") {
             isDrawing = true;
+            model.Complete = true;
             break;
         } else if (name == "ENDSEC") {
             CloseBlock(model, openBlock);

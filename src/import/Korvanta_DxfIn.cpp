@@ -165,6 +165,7 @@ bool ImportDxf(std::string& name)
     if (!NormaliseImport(ImportSides::Drawing, account.OffsetX, account.OffsetY)) {
         return Fail(std::string(AppState.ImportFailure));
     }
+    AppState.ImportCutOff = ToFlag(account.CutOff);
     AppState.ImportRead = account.Read;
     AppState.ImportLeftOut = account.LeftOut;
     return true;

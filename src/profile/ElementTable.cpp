@@ -106,6 +106,7 @@ void ClearImportAccount()
     AppState.ImportRead.clear();
     AppState.ImportLeftOut.clear();
     AppState.ImportOpen.clear();
+    AppState.ImportCutOff = FlagOff;
     AppState.ImportDoubts.clear();
     AppState.ImportDoubtCount = 0;
     AppState.ImportFailure.clear();

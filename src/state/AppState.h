@@ -230,6 +230,7 @@ struct AppStateRecord {
         ImportRead; ///< entities by type name; contents of inserts per insertion
     std::map<std::string, std::int64_t> ImportLeftOut; ///< the same for what gives no geometry
     std::vector<OpenProfile> ImportOpen;
+    Flag ImportCutOff = FlagOff; ///< the drawing has no end mark: a copy that wasn't finished, perhaps
     std::vector<ImportDoubt> ImportDoubts; ///< the first of them
     std::int64_t ImportDoubtCount = 0;     ///< all of them
     std::string ImportFailure; ///< why the last import gave nothing, one line; empty when it worked

@@ -15,7 +15,8 @@ TEST(Road, WritesAProgram)
     const BatchStation station;
     const BatchResult result = station.Run({"box.iso", "--program", "BOX"});
     EXPECT_EQ(result.Status, 0);
-    EXPECT_EQ(result.Errors, "");
+    EXPECT_EQ(result.Errors, "warning: the post-processor table " + station.Folder.Path +
+                                 "/PPR.ini isn't there: the program has no words of a control\n");
     EXPECT_EQ(result.Output,
               "Copies: 1\nPierces: 1\nCutting length: 300\nProgram: " + station.Folder.Path + "/NC/BOX\n");
     // The corner at 0, 0 stands at half the gap of 10; the box is cut clockwise; the lead of 10 + 5 is straight, along
@@ -222,6 +223,23 @@ TEST(Road, TellsTheLinesOfAProgramThatItDoubts)
                                          "warning: and 2 lines more\n"));
     EXPECT_THAT(result.Errors, Not(HasSubstr("line 7:")));
     EXPECT_THAT(station.Run({"box.iso"}).Errors, Not(HasSubstr("warning: line")));
+}
+
+TEST(Road, WarnsOfADrawingThatIsCutOff)
+{
+    const BatchStation station;
+    const std::string drawing =
+        "0\nSECTION\n2\nENTITIES\n0\nCIRCLE\n10\n50\n20\n50\n40\n30\n0\nCIRCLE\n10\n50\n20\n50\n40\n9\n";
+    const std::string warning = "warning: the drawing has no EOF at its end: a part of it may be missing\n";
+    for (const char* end : {"", "0\nENDSEC\n", "0\nEO"}) {
+        station.Folder.Write("DXF/cut.dxf", drawing + end);
+        const BatchResult result = station.Run({"cut.dxf"});
+        EXPECT_EQ(result.Status, 0);
+        EXPECT_THAT(result.Errors, HasSubstr(warning)) << end;
+    }
+    station.Folder.Write("DXF/cut.dxf", drawing + "0\nENDSEC\n0\nEOF");
+    EXPECT_THAT(station.Run({"cut.dxf"}).Errors, Not(HasSubstr(warning)));
+    EXPECT_THAT(station.Run({"plate.iso"}).Errors, Not(HasSubstr(warning)));
 }
 
 TEST(Road, WarnsOfADrawingWithNothingToCut)

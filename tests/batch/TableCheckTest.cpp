@@ -37,6 +37,28 @@ TEST(TableWarnings, SilentForAPlainTable)
     EXPECT_EQ(TableStation("").Warnings({"R-01"}), "");
 }
 
+TEST(TableWarnings, ATableThatIsntThereIsNamed)
+{
+    const BatchStation station;
+    station.Folder.Write("Korvanta.ini", station.Folder.Read("Korvanta.ini") + "PPR_INI=ppr\\mine.ini\n");
+    const BatchResult missing = station.Run({"R-01", "--program", "W"});
+    EXPECT_EQ(missing.Status, 0);
+    EXPECT_THAT(missing.Errors, HasSubstr("warning: the post-processor table " + station.Folder.Path +
+                                          "/ppr/mine.ini isn't there"));
+    EXPECT_EQ(station.Run({"R-01"}).Errors, "") << "no program, no table";
+    station.Folder.Write("ppr/MINE.INI", "[PartProgram_StartCUT]\nLINE1=*RAPID_MOVE\n");
+    EXPECT_EQ(station.Run({"R-01", "--program", "W"}).Errors, "") << "found in any case";
+}
+
+TEST(TableWarnings, AWordBehindTheLeadInComesLate)
+{
+    const TableStation station(
+        "[PartProgram_FirstMOVE]\nKERF_ON=NO\n[PartProgram_EndLeadIn]\nLINE1=*KERF_ON\n");
+    const std::string warnings = station.Warnings({"R-01"});
+    EXPECT_THAT(warnings, HasSubstr("turns compensation on behind the lead-in"));
+    EXPECT_THAT(warnings, testing::Not(HasSubstr(NoWord)));
+}
+
 TEST(TableWarnings, WithoutCompensationTheSizeIsTold)
 {
     const TableStation station("[PartProgram_FirstMOVE]\nKERF_ON=NO\n");

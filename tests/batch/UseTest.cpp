@@ -70,6 +70,13 @@ TEST(Use, APlainNameLiesInAFolderOfTheStation)
     EXPECT_THAT(missing.Errors, AllOf(HasSubstr("doesn't exist"), HasSubstr("write ./mine.iso")));
 }
 
+TEST(Use, ANameThatIsNothingPointsToTheShapes)
+{
+    const BatchStation station;
+    EXPECT_THAT(station.Run({"R-5"}).Errors, HasSubstr("/NC/R-5 doesn't exist; the names of shapes"));
+    EXPECT_THAT(station.Run({"./R-5"}).Errors, Not(HasSubstr("shapes")));
+}
+
 TEST(Use, APathIsTakenAsItIs)
 {
     const BatchStation station;
