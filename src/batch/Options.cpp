@@ -67,23 +67,28 @@ that Profile nr. chose. X Sheet and Y Sheet take "*n": a sheet for n copies.
 
 Examples:
   One bracket, with its program in the NC folder of the station:
-    korvanta-batch bracket.dxf --program BRACKET
+    korvanta-batch bracket.dxf --set "Move Step=1" --set "LeadIn : A=3" \
+        --set "LeadIn : B=1.5" --key CopyLeads --program BRACKET
   Twelve of them, four in a row, turned by 90 degrees, 5 between the parts:
-    korvanta-batch bracket.dxf --set "Angle=90" --set "X Gap=5" \
-        --set "Y Gap=5" --set "X Sheet=*4" --set "Y Sheet=*3" --program BRACKET
-  Longer leads on the second profile, then the same on all the others:
-    korvanta-batch ./plate.dxf --set "Profile nr.=2" --set "LeadIn : A=8" \
-        --key CopyLeads --program PLATE --out ./nc
+    korvanta-batch bracket.dxf --set "Angle=90" --set "Move Step=1" \
+        --set "LeadIn : A=3" --set "LeadIn : B=1.5" --key CopyLeads \
+        --set "X Gap=5" --set "Y Gap=5" --set "X Sheet=*4" --set "Y Sheet=*3" \
+        --program BRACKET
+  Leads that fit the second profile, then the same on all the others:
+    korvanta-batch ./plate.dxf --set "Move Step=1" --set "Profile nr.=2" \
+        --set "LeadIn : A=2" --set "LeadIn : B=1" --key CopyLeads \
+        --program PLATE --out ./nc
   A plate of the catalogue with two chamfered corners, and its picture:
-    korvanta-batch R-05 --param A=300 --param X=25 --program PLATE --svg plate.svg
+    korvanta-batch R-05 --param A=300 --param X=25 --program PLATE \
+        --svg plate.svg
   The same as a job, and a variant of that job:
     korvanta-batch R-05 --param A=300 --param X=25 --save PLATE
     korvanta-batch PLATE.nst --set "Angle=90" --save PLATE90
   What the station made of an ISO program, as JSON:
     korvanta-batch ./old.iso --json - --quiet
-
   A program that is read back and compared with the part before it counts:
-    korvanta-batch bracket.dxf --program BRACKET --verify
+    korvanta-batch bracket.dxf --set "Move Step=1" --set "LeadIn : A=3" \
+        --set "LeadIn : B=1.5" --key CopyLeads --program BRACKET --verify
 
 Exit status: 0 done; 1 the part or its program could not be made, or --verify
 found a difference; 2 wrong use; 3 written, but --verify can't read programs of

@@ -5,6 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <regex>
+#include <sstream>
 
 using nlohmann::json;
 using testing::AllOf;
@@ -21,6 +25,82 @@ TEST(Use, HelpTeaches)
     EXPECT_THAT(result.Output, AllOf(HasSubstr("--set"), HasSubstr("LeadOut : D"), HasSubstr("PrfPathChange"),
                                      HasSubstr("Examples:"), HasSubstr("Exit status")));
     EXPECT_EQ(station.RunBare({"--version"}).Output, "korvanta-batch, Korvanta V2.28\n");
+}
+
+/// The commands below "Examples:" of the help text, each in one line.
+std::vector<std::string> HelpExamples(const std::string& help)
+{
+    std::istringstream text(
+        std::regex_replace(help.substr(help.find("Examples:")), std::regex(R"(\\\n *)"), ""));
+    std::vector<std::string> examples;
+    for (std::string line; std::getline(text, line);) {
+        const std::size_t start = line.find_first_not_of(' ');
+        if (start != std::string::npos && line.substr(start).starts_with("korvanta-batch ")) {
+            examples.push_back(line.substr(start));
+        }
+    }
+    return examples;
+}
+
+/// The shipped station with the program in it, and beside it a drawing, an ISO program and the folder to work in.
+struct ExampleStation {
+    TempFolder Folder;
+
+    ExampleStation()
+    {
+        namespace fs = std::filesystem;
+        fs::copy(KORVANTA_SOURCE_DIR "/station", Folder.Path + "/station", fs::copy_options::recursive);
+        fs::copy_file(KORVANTA_BINARY_DIR "/bin/korvanta-batch", Folder.Path + "/station/korvanta-batch");
+        const fs::path painter = KORVANTA_BINARY_DIR "/bin/korvanta-painter.so";
+        if (fs::exists(painter)) {
+            fs::copy_file(painter, Folder.Path + "/station/korvanta-painter.so");
+        }
+        Folder.Write("work/old.iso", "G0 X0 Y0\nG1 X100\nY50\nX0\nY0\n");
+        TakeDrawing("BRACKET.dxf");
+    }
+
+    void TakeDrawing(const std::string& name) const
+    {
+        std::filesystem::copy_file(KORVANTA_SOURCE_DIR "/station/DXF/" + name,
+                                   Folder.Path + "/work/plate.dxf",
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+
+    void ExpectQuiet(const std::string& command) const
+    {
+        SCOPED_TRACE(command);
+        const std::string line = "cd '" + Folder.Path + "/work' && PATH='" + Folder.Path +
+                                 "/station':$PATH && " + command + " >../output.txt 2>../errors.txt";
+        EXPECT_EQ(std::system(line.c_str()), 0);
+        EXPECT_EQ(Folder.Read("errors.txt"), "");
+    }
+};
+
+TEST(Use, TheExamplesOfTheHelpRunWithoutAWarning)
+{
+    const BatchStation bare;
+    const std::string help = bare.RunBare({"--help"}).Output;
+    const std::vector<std::string> examples = HelpExamples(help);
+    ASSERT_EQ(examples.size(), 8U);
+    EXPECT_THAT(examples.front(), HasSubstr("bracket.dxf"));
+    EXPECT_THAT(examples[1], HasSubstr("bracket.dxf"));
+    EXPECT_THAT(examples.back(), AllOf(HasSubstr("bracket.dxf"), HasSubstr("--verify")));
+    const ExampleStation station;
+    for (const std::string& example : examples) {
+        station.ExpectQuiet(example);
+    }
+    station.TakeDrawing("FLANGE.dxf");
+    station.ExpectQuiet(examples[2]);
+}
+
+TEST(Use, TheExamplesOfTheHelpFitATerminal)
+{
+    const BatchStation station;
+    const std::string help = station.RunBare({"--help"}).Output;
+    std::istringstream text(help.substr(help.find("Examples:")));
+    for (std::string line; std::getline(text, line);) {
+        EXPECT_LE(line.size(), 80U) << line;
+    }
 }
 
 struct WrongCase {
