@@ -6,8 +6,9 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
-#include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <memory>
 
 namespace
@@ -15,14 +16,16 @@ namespace
 constexpr int WrongUse = 2;
 
 struct HostOptions {
-    bool NoWindow = false;
+    std::int16_t Language = 0;
+    QString Viewer;
     int BarHeight = 0;
+    bool NoWindow = false;
+    QString Help;    ///< empty: not asked for
     QString Trouble; ///< empty: none
 };
 
-HostOptions ReadOptions(const QStringList& arguments)
+void DeclareOptions(QCommandLineParser& parser)
 {
-    QCommandLineParser parser;
     parser.setApplicationDescription("A host for Korvanta stations with VELCOM=YES.");
     parser.addOptions({
         {"language",
@@ -36,19 +39,43 @@ HostOptions ReadOptions(const QStringList& arguments)
         {"no-window",
          "No window, and without --viewer programs aren't opened: only lines on standard output."},
     });
-    parser.addHelpOption();
-    parser.process(arguments);
-    HostOptions options;
-    bool isLanguage = false;
-    bool isHeight = false;
-    Host.Language = parser.value("language").toShort(&isLanguage);
-    options.BarHeight = parser.value("bar").toInt(&isHeight);
-    options.NoWindow = parser.isSet("no-window");
-    Host.Viewer = parser.value("viewer");
-    Host.Desktop = !options.NoWindow;
-    if (!isLanguage || !isHeight || options.BarHeight < 0 || !parser.positionalArguments().isEmpty()) {
-        options.Trouble = "see --help";
+    parser.addOption({{"h", "help"}, "Displays help on commandline options."});
+}
+
+/// The first thing that is wrong; empty for none.
+QString TroubleOf(const QCommandLineParser& parser)
+{
+    if (!parser.positionalArguments().isEmpty()) {
+        return QString("\"%1\" is no option").arg(parser.positionalArguments().constFirst());
     }
+    bool isNumber = false;
+    const int language = parser.value("language").toInt(&isNumber);
+    if (!isNumber || language < 0 || language >= static_cast<int>(std::size(HostLanguages))) {
+        return QString("--language: \"%1\" isn't a number from 0 to %2")
+            .arg(parser.value("language"))
+            .arg(std::size(HostLanguages) - 1);
+    }
+    const int height = parser.value("bar").toInt(&isNumber);
+    if (!isNumber || height < 0) {
+        return QString("--bar: \"%1\" isn't a number of pixels").arg(parser.value("bar"));
+    }
+    return {};
+}
+
+/// Without QCommandLineParser::process, which ends with a status of its own.
+HostOptions ReadOptions(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    DeclareOptions(parser);
+    HostOptions options;
+    options.Trouble = parser.parse(arguments) ? TroubleOf(parser) : parser.errorText();
+    if (options.Trouble.isEmpty() && parser.isSet("help")) {
+        options.Help = parser.helpText();
+    }
+    options.Language = parser.value("language").toShort();
+    options.Viewer = parser.value("viewer");
+    options.BarHeight = parser.value("bar").toInt();
+    options.NoWindow = parser.isSet("no-window");
     return options;
 }
 
@@ -58,11 +85,19 @@ void PrintLine(const QString& line)
     std::fflush(stdout);
 }
 
-/// Told before there is an application, since one with a window needs a display.
+/// Told before there is an application, since one with a window needs a display. Wrong options need none, unless a word
+/// may be one that the application takes for itself, such as -style.
 bool WantsWindow(int argc, char** argv)
 {
-    const QByteArrayList without = {"--no-window", "--help", "-h"};
-    return std::none_of(argv + 1, argv + argc, [&](const char* word) { return without.contains(word); });
+    QStringList arguments;
+    bool isForApplication = false;
+    for (int i = 0; i < argc; ++i) {
+        const QString word = QString::fromLocal8Bit(argv[i]);
+        isForApplication = isForApplication || (word.size() > 2 && word[0] == '-' && word[1].isLetter());
+        arguments << word;
+    }
+    const HostOptions options = ReadOptions(arguments);
+    return options.Help.isEmpty() && !options.NoWindow && (options.Trouble.isEmpty() || isForApplication);
 }
 } // namespace
 
@@ -72,9 +107,17 @@ int main(int argc, char** argv)
         WantsWindow(argc, argv) ? new QApplication(argc, argv) : new QCoreApplication(argc, argv));
     const HostOptions options = ReadOptions(QCoreApplication::arguments());
     if (!options.Trouble.isEmpty()) {
-        std::fprintf(stderr, "korvanta-host: %s\n", options.Trouble.toUtf8().constData());
+        std::fprintf(stderr, "korvanta-host: %s\nTry: korvanta-host --help\n",
+                     options.Trouble.toUtf8().constData());
         return WrongUse;
     }
+    if (!options.Help.isEmpty()) {
+        std::printf("%s", options.Help.toUtf8().constData());
+        return 0;
+    }
+    Host.Language = options.Language;
+    Host.Viewer = options.Viewer;
+    Host.Desktop = !options.NoWindow;
     Host.Tell.emplace_back(PrintLine);
     const std::unique_ptr<QWidget> window = options.NoWindow ? nullptr : ShowHostWindow(options.BarHeight);
     QString reason;
