@@ -124,10 +124,12 @@ Place BoxOfColor(const Pixels& picture, std::uint32_t color)
     return right < 0 ? Place() : Place{left, top, right - left + 1, bottom - top + 1};
 }
 
-Desktop::Desktop(int width, int height) : Width(width), Height(height)
+Desktop::Desktop(int width, int height, bool isManaged) : Width(width), Height(height)
 {
     StartDisplay();
-    StartWindowManager();
+    if (isManaged) {
+        StartWindowManager();
+    }
     MovePointer(width - 1, height - 1);
 }
 

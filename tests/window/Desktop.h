@@ -36,7 +36,7 @@ int CountColor(const Pixels& picture, std::uint32_t color);
 Place BoxOfColor(const Pixels& picture, std::uint32_t color);
 
 struct Desktop {
-    Desktop(int width, int height);
+    Desktop(int width, int height, bool isManaged = true);
 
     /// Key names of the display ("F10", "Return", "KP_Next", "ctrl+F7"), one stroke after the other.
     void Press(const std::vector<std::string>& keys) const;

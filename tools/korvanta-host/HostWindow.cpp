@@ -34,7 +34,7 @@ QComboBox* MakeLanguages(QWidget* parent)
     for (const HostLanguageRow& row : HostLanguages) {
         languages->addItem(row.Name);
     }
-    languages->setCurrentIndex(Host.Language >= 0 && Host.Language < languages->count() ? Host.Language : -1);
+    languages->setCurrentIndex(Host.Language);
     QObject::connect(languages, &QComboBox::activated, [](int index) {
         Host.Language = static_cast<std::int16_t>(index);
         TellHost(QString("language set: %1").arg(index));
@@ -63,6 +63,7 @@ void KeepInFront(QWidget* bar)
     QObject::connect(timer, &QTimer::timeout, bar, [bar] {
         if (QApplication::activePopupWidget() == nullptr) {
             bar->raise();
+            QGuiApplication::sync(); // nothing else may be sent for long
         }
     });
     timer->start(FrontTime);
