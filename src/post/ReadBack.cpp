@@ -66,7 +66,7 @@ bool EndsProgram(const ReadBack& program, const std::string& line)
     std::vector<double> words;
     AddMWords(line, words);
     return HoldsMWord(words, EndOfProgram) || HoldsMWord(words, EndOfTape) ||
-           (program.Moved && Trim(line) == "%");
+           (program.Moved && line.find('%') != std::string::npos && Trim(line) == "%");
 }
 
 /// One line without comments. False when it begins the next cut.

@@ -72,7 +72,11 @@ struct ExampleStation {
         const std::string line = "cd '" + Folder.Path + "/work' && PATH='" + Folder.Path +
                                  "/station':$PATH && " + command + " >../output.txt 2>../errors.txt";
         EXPECT_EQ(std::system(line.c_str()), 0);
-        EXPECT_EQ(Folder.Read("errors.txt"), "");
+        std::string errors = Folder.Read("errors.txt");
+        if (!Folder.Holds("station/korvanta-painter.so")) { // a build without the window has none
+            errors = std::regex_replace(errors, std::regex("warning: no preview of the job[^\n]*\n"), "");
+        }
+        EXPECT_EQ(errors, "");
     }
 };
 
