@@ -55,21 +55,21 @@ struct ExampleStation {
         if (fs::exists(painter)) {
             fs::copy_file(painter, Folder.Path + "/station/korvanta-painter.so");
         }
-        Folder.Write("work/old.iso", "G0 X0 Y0\nG1 X100\nY50\nX0\nY0\n");
+        Folder.Write("desk/old.iso", "G0 X0 Y0\nG1 X100\nY50\nX0\nY0\n");
         TakeDrawing("BRACKET.dxf");
     }
 
     void TakeDrawing(const std::string& name) const
     {
         std::filesystem::copy_file(KORVANTA_SOURCE_DIR "/station/DXF/" + name,
-                                   Folder.Path + "/work/plate.dxf",
+                                   Folder.Path + "/desk/plate.dxf",
                                    std::filesystem::copy_options::overwrite_existing);
     }
 
     void ExpectQuiet(const std::string& command) const
     {
         SCOPED_TRACE(command);
-        const std::string line = "cd '" + Folder.Path + "/work' && PATH='" + Folder.Path +
+        const std::string line = "cd '" + Folder.Path + "/desk' && PATH='" + Folder.Path +
                                  "/station':$PATH && " + command + " >../output.txt 2>../errors.txt";
         EXPECT_EQ(std::system(line.c_str()), 0);
         std::string errors = Folder.Read("errors.txt");
