@@ -83,6 +83,7 @@ bool Generate(const char* name)
     }
     return true;
 }
+
 /// The program holds what the table makes of the part: anything. Reading it back ends, and tells one outcome.
 void ReadBackProgram()
 {

@@ -53,7 +53,8 @@ struct ReadBack {
 /// centres stand. False when the file can't be read.
 bool OpenReadBack(ReadBack& program, const std::string& path);
 
-/// The next cut. False at the end of the program or of the file, which is read to its end all the same; `cut` then holds the rapids behind the last cut.
+/// The next cut. False at the end of the program or of the file, which is read to its end all the same; `cut` then holds
+/// the rapids behind the last cut.
 bool ReadCut(ReadBack& program, FoundCut& cut);
 
 /// Whether M `word` is among them.
